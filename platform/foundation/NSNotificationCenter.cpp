@@ -1,0 +1,24 @@
+#include "platform/foundation/NSNotificationCenter.h"
+
+#include <algorithm>
+
+namespace prismo {
+
+void NSNotificationCenter::addObserver(const std::shared_ptr<NSObject>& observer, std::string selector,
+                                       std::string name, const std::shared_ptr<NSObject>& object) {
+    observers_.push_back({{observer, std::move(selector)}, std::move(name), object, object == nullptr});
+}
+
+void NSNotificationCenter::postNotification(std::string_view name, const std::shared_ptr<NSObject>& object) {
+    std::erase_if(observers_, [](const Observer& observer) { return observer.message.target.expired(); });
+    // On a copy: an observer may register another one.
+    for (const auto& observer : std::vector(observers_)) {
+        if (observer.name != name) continue;
+        // An object that has gone sends nothing, and is not to be taken for the absent one.
+        if (!observer.anyObject && (!object || observer.object.lock() != object)) continue;
+        if (const auto target = observer.message.target.lock())
+            target->performSelector(observer.message.selector, {object});
+    }
+}
+
+} // namespace prismo
