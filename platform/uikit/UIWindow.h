@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/uikit/UIView.h"
+
+namespace prismo {
+
+// Windows of a higher level stand in front of those of a lower one. The numbers are the platform's.
+inline constexpr double UIWindowLevelNormal = 0;
+inline constexpr double UIWindowLevelStatusBar = 1000;
+inline constexpr double UIWindowLevelAlert = 2000;
+
+class UIWindow : public UIView {
+  public:
+    using UIView::UIView;
+
+    double windowLevel() const { return windowLevel_; }
+    void setWindowLevel(double level) { assign(windowLevel_, level); }
+
+  private:
+    double windowLevel_ = UIWindowLevelNormal;
+};
+
+} // namespace prismo
