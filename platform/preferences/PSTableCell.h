@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/preferences/PSSpecifier.h"
+#include "platform/uikit/UITableViewCell.h"
+
+#include <memory>
+
+namespace prismo {
+
+/// The cell of a settings row. A row's property "cellClass" names a class of its own.
+class PSTableCell : public UITableViewCell {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    const std::shared_ptr<PSSpecifier>& specifier() const { return specifier_; }
+    /// Called once, before the cell is shown.
+    virtual void setSpecifier(std::shared_ptr<PSSpecifier> specifier);
+
+    /// Shows what the row is now: its name, image, whether it is enabled, the short title of its value.
+    void refreshCellContents();
+
+  private:
+    std::shared_ptr<PSSpecifier> specifier_;
+};
+
+} // namespace prismo

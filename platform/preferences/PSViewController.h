@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/preferences/PSSpecifier.h"
+#include "platform/uikit/UIViewController.h"
+
+#include <memory>
+
+namespace prismo {
+
+/// A page of the Settings application. The page that opened it, and the row that did, are told to it before
+/// it comes on screen.
+class PSViewController : public UIViewController {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    /// Called once, after the page has been made and before anything else. False where it cannot be built.
+    /// Older systems lack the selector "initForContentSize:".
+    virtual bool initForContentSize(CGSize size);
+
+    /// The page that opened this one, or null; not kept alive.
+    std::shared_ptr<PSViewController> parentController() const { return parentController_.lock(); }
+    void setParentController(const std::shared_ptr<PSViewController>& parent) {
+        assign(parentController_, parent);
+    }
+    /// The row that opened this page, or null.
+    const std::shared_ptr<PSSpecifier>& specifier() const { return specifier_; }
+    void setSpecifier(std::shared_ptr<PSSpecifier> specifier) { assign(specifier_, std::move(specifier)); }
+
+    /// The value of a row of this page; here, the row's "default".
+    virtual Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier);
+    /// Stores the value of a row of this page; here, nowhere.
+    virtual void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier);
+
+  private:
+    std::weak_ptr<PSViewController> parentController_;
+    std::shared_ptr<PSSpecifier> specifier_;
+};
+
+} // namespace prismo
