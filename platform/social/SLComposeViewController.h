@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/social/SLServiceType.h"
+#include "platform/uikit/UIViewController.h"
+
+#include <memory>
+#include <string>
+
+namespace prismo {
+
+/// The sheet on which a post is written, as state: a host draws it while it is presented and ends it with
+/// `send` or `dismiss`.
+class SLComposeViewController : public UIViewController {
+  public:
+    explicit SLComposeViewController(SLServiceType service) : service_(service) {}
+    static std::shared_ptr<SLComposeViewController>
+    composeViewControllerForServiceType(SLServiceType service);
+
+    SLServiceType serviceType() const { return service_; }
+    /// The service's name, as a person knows it.
+    std::string serviceName() const;
+    /// What is written on it now: the initial text, then what the person made of it.
+    const std::string& text() const { return text_; }
+    void setInitialText(std::string text) { assign(text_, std::move(text)); }
+    void setText(std::string text) { assign(text_, std::move(text)); }
+
+    /// Opens the service's own page for a new post, with the text filled in, and ends the sheet.
+    void send();
+    void dismiss();
+
+  private:
+    SLServiceType service_;
+    std::string text_;
+};
+
+} // namespace prismo

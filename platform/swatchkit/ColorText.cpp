@@ -1,0 +1,62 @@
+#include "platform/swatchkit/ColorText.h"
+
+#include "platform/foundation/Text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+namespace prismo {
+
+namespace {
+
+std::optional<double> alphaFromText(std::string_view text) {
+    double alpha = 0;
+    // Not the C library's reading, which takes a comma for the point in some locales.
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), alpha, std::chars_format::fixed);
+    if (error != std::errc() || end != text.data() + text.size() || text.front() == '-' || !(alpha <= 1))
+        return std::nullopt;
+    return alpha;
+}
+
+} // namespace
+
+std::optional<UIColor> colorFromText(std::string_view text) {
+    std::optional<double> alpha = 1;
+    if (const auto colon = text.find(':'); colon != std::string_view::npos) {
+        alpha = alphaFromText(text.substr(colon + 1));
+        text = text.substr(0, colon);
+    }
+    if (text.starts_with('#')) text.remove_prefix(1);
+    if (!alpha || (text.size() != 3 && text.size() != 6)) return std::nullopt;
+
+    std::uint32_t digits = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), digits, 16);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    const bool isShort = text.size() == 3;
+    const auto component = [&](unsigned place) {
+        // One digit stands for itself twice: "f" is "ff".
+        return isShort ? (digits >> (4 * place) & 0xF) / 15.0 : (digits >> (8 * place) & 0xFF) / 255.0;
+    };
+    return UIColor{component(2), component(1), component(0), *alpha};
+}
+
+UIColor SWKParseColorString(std::string_view text, std::string_view fallback) {
+    if (const auto color = colorFromText(text)) return *color;
+    return colorFromText(fallback).value_or(UIColor::whiteColor());
+}
+
+std::uint8_t byteFromComponent(double component) {
+    // In this order NaN becomes 0.
+    return static_cast<std::uint8_t>(std::lround(std::fmin(std::fmax(component, 0), 1) * 255));
+}
+
+std::string hexFromColor(const UIColor& color) {
+    std::string result = "#";
+    for (const double component : {color.red, color.green, color.blue})
+        result += hexText(byteFromComponent(component));
+    return result;
+}
+
+} // namespace prismo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/preferences/PSTableCell.h"
+#include "platform/uikit/UIColor.h"
+
+namespace prismo {
+
+/// A settings cell with a swatch. It asks for its colour when it is made and again whenever the system-wide
+/// notification arrives that the row's property "NotificationListener" names.
+class SWLiteColorCell : public PSTableCell {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    void setSpecifier(std::shared_ptr<PSSpecifier> specifier) override;
+
+    /// The colour to show, worked out afresh at each call; a cell of a kind of its own overrides it.
+    virtual UIColor previewColor() { return UIColor::whiteColor(); }
+    /// The colour shown.
+    const UIColor& swatch() const { return swatch_; }
+    void refreshSwatch() { assign(swatch_, previewColor()); }
+
+  private:
+    UIColor swatch_;
+};
+
+} // namespace prismo
