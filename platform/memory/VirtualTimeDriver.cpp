@@ -1,0 +1,14 @@
+#include "platform/memory/VirtualTimeDriver.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace prismo {
+
+void VirtualTimeDriver::wait(std::optional<RunLoop::Time> deadline) {
+    if (woken_.exchange(false)) return;
+    if (!deadline) throw std::logic_error("waiting for what cannot come");
+    now_ = std::max(now_, *deadline);
+}
+
+} // namespace prismo
