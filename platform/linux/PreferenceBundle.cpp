@@ -1,0 +1,71 @@
+#include "platform/linux/PreferenceBundle.h"
+
+#include "platform/foundation/Class.h"
+#include "platform/linux/BaseLayer.h"
+#include "platform/linux/FileBytes.h"
+#include "platform/linux/OwnInstallation.h"
+#include "platform/linux/PropertyListGuard.h"
+#include "platform/linux/PropertyListReader.h"
+
+#include <cerrno>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <stdexcept>
+
+namespace prismo {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& file, const std::string& cause) {
+    throw std::runtime_error(file + ": " + cause);
+}
+
+std::string bundleDirectory(const std::string& name) {
+    if (name.empty() || name.starts_with('.') || name.find('/') != std::string::npos)
+        throw std::runtime_error("no bundle can be named '" + name + "'");
+    auto directory = baseLayerDirectory() + "/Library/PreferenceBundles/" + name + ".bundle/";
+    std::string cause;
+    if (ownInstallation(cause).empty()) fail(directory, cause);
+    return directory;
+}
+
+Dictionary readInfo(const std::string& path) {
+    const UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const auto bytes = file ? readAll(file.get(), maximumPropertyListSize) : std::nullopt;
+    if (!bytes) fail(path, std::strerror(errno));
+    auto info = readDictionary(*bytes);
+    if (!info) fail(path, "not a property list");
+    return *std::move(info);
+}
+
+std::string nameIn(const Dictionary& info, const std::string& key, const std::string& infoPath) {
+    const auto& name = valueForKey(info, key).text();
+    if (name.empty() || name.find('/') != std::string::npos) fail(infoPath, "names no " + key);
+    return name;
+}
+
+void registerClassesOf(const std::string& executable) {
+    // Its classes are known by name from now on, so it stays.
+    void* library = ::dlopen(executable.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (!library) throw std::runtime_error(::dlerror()); // which names the file
+    auto* registerClasses = reinterpret_cast<void (*)()>(::dlsym(library, "registerBundleClasses"));
+    if (!registerClasses) fail(executable, "not a settings bundle");
+    registerClasses();
+}
+
+} // namespace
+
+const Class& loadPreferenceBundle(const std::string& name) {
+    const auto directory = bundleDirectory(name);
+    const auto infoPath = directory + "Info.plist";
+    const auto info = readInfo(infoPath);
+    const auto executable = directory + nameIn(info, "CFBundleExecutable", infoPath);
+    const auto principal = nameIn(info, "NSPrincipalClass", infoPath);
+    registerClassesOf(executable);
+    const auto* principalClass = NSClassFromString(principal);
+    if (!principalClass) fail(executable, "has no class " + principal);
+    return *principalClass;
+}
+
+} // namespace prismo

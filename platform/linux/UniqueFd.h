@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cerrno>
+#include <unistd.h>
+#include <utility>
+
+namespace prismo {
+
+/// Owns one file descriptor and closes it. Negative when it holds none. Closing leaves errno as it was.
+class UniqueFd {
+  public:
+    UniqueFd() = default;
+    explicit UniqueFd(int descriptor) : descriptor_(descriptor) {}
+    ~UniqueFd() { reset(); }
+    UniqueFd(UniqueFd&& other) noexcept : descriptor_(other.release()) {}
+    UniqueFd& operator=(UniqueFd&& other) noexcept {
+        reset(other.release());
+        return *this;
+    }
+
+    int get() const { return descriptor_; }
+    explicit operator bool() const { return descriptor_ >= 0; }
+
+    /// Gives the ownership away.
+    int release() { return std::exchange(descriptor_, -1); }
+
+    void reset(int descriptor = -1) {
+        const int previous = std::exchange(descriptor_, descriptor);
+        if (previous < 0) return;
+        const int error = errno;
+        ::close(previous);
+        errno = error;
+    }
+
+  private:
+    int descriptor_ = -1;
+};
+
+} // namespace prismo
