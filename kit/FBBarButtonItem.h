@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/uikit/UIBarButtonItem.h"
+#include "platform/uikit/UIViewController.h"
+
+#include <memory>
+#include <string>
+
+namespace prismo {
+
+/// A share button: what it shares, and the page that shows the sheet. The page owns the button by way of its
+/// navigation item, and is not kept alive by it.
+class FBBarButtonItem : public UIBarButtonItem {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    const std::string& shareText() const { return shareText_; }
+    void setShareText(std::string text) { assign(shareText_, std::move(text)); }
+    std::shared_ptr<UIViewController> container() const { return container_.lock(); }
+    void setContainer(const std::shared_ptr<UIViewController>& container) { assign(container_, container); }
+
+  private:
+    std::string shareText_;
+    std::weak_ptr<UIViewController> container_;
+};
+
+} // namespace prismo

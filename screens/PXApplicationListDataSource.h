@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/applist/ALApplicationTableDataSource.h"
+
+#include <memory>
+
+namespace prismo {
+
+class Prismo2AppScope;
+
+/// The applications in the standard sections, for the picker page. It keeps its page alive, and the page
+/// keeps it.
+class PXApplicationListDataSource : public ALApplicationTableDataSource, public ALValueCellDelegate {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    static std::shared_ptr<PXApplicationListDataSource>
+    initWithController(std::shared_ptr<Prismo2AppScope> controller);
+
+    const std::shared_ptr<Prismo2AppScope>& rootController() const { return rootController_; }
+    void setRootController(std::shared_ptr<Prismo2AppScope> controller) {
+        assign(rootController_, std::move(controller));
+    }
+
+    std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
+                                                                    NSIndexPath indexPath) override;
+    /// A picker has no values to change.
+    void valueCellDidChangeToValue(ALValueCell& cell, const Value& value) override;
+
+  private:
+    std::shared_ptr<Prismo2AppScope> rootController_;
+};
+
+} // namespace prismo

@@ -1,0 +1,29 @@
+#include "screens/PrismoColorCell.h"
+
+#include "screens/Prismo2PrefsListController.h"
+
+#include "platform/swatchkit/ColorText.h"
+
+namespace prismo {
+
+const Class& PrismoColorCell::classObject() {
+    static const Class objectClass("PrismoColorCell", &SWLiteColorCell::classObject(),
+                                   [] { return std::make_shared<PrismoColorCell>(); });
+    return objectClass;
+}
+
+SettingsKey PrismoColorCell::prefKey() const {
+    // The plain key in every scope.
+    if (specifier()->name() == usingGlobalColorName) return "global_color";
+    return keyOf(*specifier(), "prismo_key");
+}
+
+const Value& PrismoColorCell::defaultColorFB() const { return specifier()->propertyForKey("prismo_dc"); }
+
+UIColor PrismoColorCell::previewColor() {
+    const auto settings = loadSettings();
+    return SWKParseColorString(settingForKey(settings, prefKey()).text(),
+                               defaultColorFB().isNothing() ? "#FFFFFF" : defaultColorFB().text());
+}
+
+} // namespace prismo
