@@ -1,0 +1,106 @@
+#include "cli/Host.h"
+
+#include "cli/Command.h"
+#include "cli/Json.h"
+#include "cli/Printable.h"
+#include "platform/linux/DeviceRootPath.h"
+#include "screens/Bundle.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace prismo::cli {
+
+Host::Host(const Options& options, Companions companions, Clock clock) : options_(options) {
+    const auto root = DeviceRootPath::choose(options.root);
+    if (!options.dryRun) root.makeIfDefault();
+    // A dry run takes a default root that is yet to be made for an empty one.
+    if (!options.dryRun || !root.isDefault() || root.exists()) linux_.emplace(root.path(), clock);
+    if (options.dryRun) {
+        driver_ = std::make_unique<PollDriver>(clock);
+        memory_.emplace(linux_ ? &*linux_ : nullptr, *driver_);
+    }
+    device_ = memory_ ? static_cast<Device*>(&*memory_) : &*linux_;
+    device_->setCompanions(companions);
+    if (linux_) linux_->setCompanions(companions); // a dry run asks it
+    current_.emplace(*device_);
+    effects_.emplace(*device_);
+    const auto observer = [this](const FileProblem& problem) { keep(problem); };
+    device_->setProblemObserver(observer);
+    if (linux_) linux_->setProblemObserver(observer);
+    registerPrismo2Prefs();
+}
+
+std::shared_ptr<Prismo2PrefsListController> Host::makePage() {
+    auto page = std::make_shared<Prismo2PrefsListController>();
+    page->initForContentSize({});
+    page->setIsInAppScope(options_.app.has_value());
+    if (options_.app && !options_.app->empty()) page->setScopeId(options_.app);
+    return page;
+}
+
+MemoryDevice& Host::memoryDevice() {
+    if (!memory_) throw CommandError(wrongUsage, "only with --dry-run");
+    return *memory_;
+}
+
+void Host::keep(const FileProblem& problem) {
+    if (tellsAtOnce_) {
+        tell(problem);
+        hasToldFatal_ = hasToldFatal_ || isFatal(problem);
+    } else if (std::ranges::find(problems_, problem) == problems_.end()) {
+        problems_.push_back(problem);
+    }
+}
+
+void Host::tell(const FileProblem& problem) {
+    std::fprintf(stderr, "prismo2: %s\n", printable(problem.path + ": " + problem.cause).c_str());
+}
+
+bool Host::isFatal(const FileProblem& problem) const {
+    using Kind = FileProblem::Kind;
+    // What became of the write that met a malformed file says more than that it did.
+    const bool isTold = std::ranges::any_of(problems_, [&](const FileProblem& other) {
+        return (other.kind == Kind::replaced || other.kind == Kind::unwritable) && other.path == problem.path;
+    });
+    return problem.kind != Kind::replaced && !(problem.kind == Kind::malformed && isTold);
+}
+
+void Host::throwOnProblem() const {
+    const auto found =
+        std::ranges::find_if(problems_, [this](const auto& problem) { return isFatal(problem); });
+    if (found != problems_.end()) throw CommandError(failed, found->path + ": " + found->cause);
+}
+
+void Host::print(const std::string& text) { results_.write(text); }
+
+void Host::printJson(nlohmann::ordered_json document) {
+    if (options_.dryRun) document["effects"] = json(takeEffects());
+    print(jsonText(document) + "\n");
+}
+
+bool Host::showsColors() const {
+    const auto set = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value && *value;
+    };
+    const char* terminal = std::getenv("TERM");
+    return results_.isTerminal() && !set("NO_COLOR") && terminal && std::string_view(terminal) != "dumb";
+}
+
+int Host::finish(int exit) {
+    if (options_.dryRun)
+        for (const auto& effect : takeEffects())
+            print("would " + effectLine(effect) + "\n");
+    for (const auto& problem : problems_) {
+        if (!isFatal(problem) && problem.kind == FileProblem::Kind::malformed)
+            continue; // said with what became of it
+        tell(problem);
+        if (isFatal(problem) && exit == done) exit = failed;
+    }
+    return exit == done && hasToldFatal_ ? failed : exit;
+}
+
+} // namespace prismo::cli

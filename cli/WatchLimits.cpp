@@ -1,0 +1,49 @@
+#include "cli/WatchLimits.h"
+
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string>
+
+namespace prismo::cli {
+
+namespace {
+
+template <typename Number>
+std::optional<Number> number(const std::string& text) {
+    Number value{};
+    const auto* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, value);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(value) : std::nullopt;
+}
+
+// What is wrong with an option's value; "" where nothing is.
+
+std::string refuseOtherThanCount(const std::string& text) {
+    return number<long>(text).value_or(0) >= 1 ? "" : "'" + text + "' is not a number of lines from 1";
+}
+
+std::string refuseOtherThanSeconds(const std::string& text) {
+    constexpr double longest = 1e9;
+    const auto seconds = number<double>(text);
+    return seconds && *seconds >= 0 && *seconds <= longest
+               ? ""
+               : "'" + text + "' is not a number of seconds from 0 to 1000000000";
+}
+
+} // namespace
+
+void WatchLimits::declare(CLI::App& app) {
+    app.add_option("--count", lines_, "end after N lines")->check(refuseOtherThanCount)->option_text("N");
+    app.add_option("--timeout", seconds_, "end after S seconds")
+        ->check(refuseOtherThanSeconds)
+        ->option_text("S");
+}
+
+void WatchLimits::run(RunLoop& loop) {
+    bool timedOut = false;
+    if (std::isfinite(seconds_)) loop.schedule(Seconds(seconds_), [&] { timedOut = true; });
+    loop.runUntil([&] { return timedOut || counted_ >= lines_; });
+}
+
+} // namespace prismo::cli

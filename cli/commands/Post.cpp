@@ -1,0 +1,30 @@
+#include "cli/Command.h"
+
+#include <nlohmann/json.hpp>
+
+namespace prismo::cli {
+
+namespace {
+
+class Post : public Command {
+    std::string name_;
+
+    void declare(CLI::App& app) override {
+        app.add_option("NAME", name_, "the notification's name: without '/', at most 255 bytes")->required();
+    }
+
+    Exit run(Host& host) override {
+        if (!isNotificationName(name_))
+            throw CommandError(wrongUsage, "'" + name_ + "' is no notification's name");
+        host.device().postNotification(name_);
+        host.throwOnProblem();
+        if (host.options().json) host.printJson({{"posted", name_}});
+        return done;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Command> makePost() { return std::make_unique<Post>(); }
+
+} // namespace prismo::cli

@@ -1,0 +1,32 @@
+#include "cli/Command.h"
+#include "cli/Json.h"
+#include "cli/RowValue.h"
+
+namespace prismo::cli {
+
+namespace {
+
+class Set : public Command {
+    std::string key_;
+    std::string value_;
+
+    void declare(CLI::App& app) override {
+        app.add_option("KEY", key_, "enabled, keyboard_color_type, keyboard_color …")->required();
+        app.add_option("VALUE", value_, "true or false; a colour type or its title; a colour")->required();
+    }
+
+    Exit run(Host& host) override {
+        const auto page = host.makePage();
+        const auto row = rowForKey(*page, key_);
+        writeThroughRow(*row, value_);
+        host.throwOnProblem();
+        if (host.options().json) host.printJson({{"key", key_}, {"value", json(shownValue(*row))}});
+        return done;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeSet() { return std::make_unique<Set>(); }
+
+} // namespace prismo::cli

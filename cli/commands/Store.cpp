@@ -1,0 +1,177 @@
+#include "cli/Command.h"
+#include "cli/Json.h"
+#include "cli/Printable.h"
+#include "cli/RowValue.h"
+#include "cli/WatchLimits.h"
+#include "prefs/PHPrefsManager.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace prismo::cli {
+
+namespace {
+
+/// Takes a value as it is written: true and false, an integer, a real, else a text.
+Value valueFromText(const std::string& text) {
+    if (text == "true" || text == "false") return text == "true";
+    const auto* end = text.data() + text.size();
+    std::int64_t integer = 0;
+    if (const auto read = std::from_chars(text.data(), end, integer);
+        read.ec == std::errc() && read.ptr == end)
+        return integer;
+    std::uint64_t large = 0;
+    if (const auto read = std::from_chars(text.data(), end, large); read.ec == std::errc() && read.ptr == end)
+        return large;
+    double real = 0;
+    if (const auto read = std::from_chars(text.data(), end, real);
+        read.ec == std::errc() && read.ptr == end && std::isfinite(real))
+        return real;
+    return text;
+}
+
+std::string shown(const Value& value) {
+    return printable(value.as<std::string>() || value.isNumber() ? valueText(value) : jsonText(json(value)));
+}
+
+class Store : public Command {
+    std::string domain_;
+    std::string key_;
+    std::string value_;
+    std::string notification_;
+    std::vector<std::string> defaults_;
+    std::string path_;
+    bool isText_ = false;
+    WatchLimits limits_;
+    Exit (Store::*action_)(Host&, PHPrefsManager&) = nullptr;
+
+    void declare(CLI::App& app) override {
+        app.add_option("DOMAIN", domain_, "com.example.app: the file of that name in the user's preferences")
+            ->required();
+        app.add_option("--notify", notification_, "the notification to post after a change, or to watch")
+            ->option_text("NAME");
+        app.add_option("--default", defaults_, "a value for where the file has none")
+            ->option_text("KEY=VALUE")
+            ->expected(1)
+            ->allow_extra_args(false)
+            ->take_all();
+        app.add_option("--path", path_, "this file of the device, in place of the domain's own")
+            ->option_text("FILE");
+        app.add_flag("--string", isText_, "take VALUE as text");
+        app.require_subcommand(1);
+        app.fallthrough();
+
+        auto* get = action(app, "get", "print a value", &Store::get);
+        auto* set = action(app, "set", "store a value", &Store::set);
+        auto* remove = action(app, "remove", "remove a value", &Store::remove);
+        action(app, "list", "print all values", &Store::list);
+        auto* watch =
+            action(app, "watch", "print the values whenever the notification arrives", &Store::watch);
+        for (auto* each : {get, set, remove})
+            each->add_option("KEY", key_, "its name in the file")->required();
+        set->add_option("VALUE", value_, "a boolean, integer or real, else a text")->required();
+        limits_.declare(*watch);
+    }
+
+    CLI::App* action(CLI::App& app, const char* name, const char* summary,
+                     Exit (Store::*perform)(Host&, PHPrefsManager&)) {
+        auto* subcommand = app.add_subcommand(name, summary);
+        subcommand->group("Commands");
+        subcommand->callback([this, perform] { action_ = perform; });
+        return subcommand;
+    }
+
+    Host::Companions companions() const override { return Host::Companions::all; }
+
+    Exit run(Host& host) override {
+        if (domain_.empty() || domain_.find('/') != std::string::npos)
+            throw CommandError(wrongUsage, "'" + domain_ + "' is no preference domain");
+        if (!notification_.empty() && !isNotificationName(notification_))
+            throw CommandError(wrongUsage, "'" + notification_ + "' is no notification's name");
+        const PHPrefsManager::Callback callback = [&](PHPrefsManager& store) {
+            limits_.count();
+            printAll(host, store);
+        };
+        const auto store = path_.empty()
+                               ? PHPrefsManager::initWithId(domain_, defaults(), notification(), &callback)
+                               : PHPrefsManager::initWithPath(path_, defaults(), notification(), &callback);
+        return (this->*action_)(host, *store);
+    }
+
+    std::optional<std::string> notification() const {
+        return notification_.empty() ? std::nullopt : std::optional(notification_);
+    }
+
+    Dictionary defaults() const {
+        Dictionary result;
+        for (const auto& each : defaults_) {
+            const auto sign = each.find('=');
+            if (sign == std::string::npos || sign == 0)
+                throw CommandError(wrongUsage, "'" + each + "' is not KEY=VALUE");
+            result[each.substr(0, sign)] = valueFromText(each.substr(sign + 1));
+        }
+        return result;
+    }
+
+    Value argumentValue(const std::string& text) const { return isText_ ? Value(text) : valueFromText(text); }
+
+    Exit get(Host& host, PHPrefsManager& store) {
+        const auto& value = store.objectForKey(key_);
+        if (host.options().json)
+            host.printJson({{"domain", domain_}, {"key", key_}, {"value", json(value)}});
+        else if (!value.isNothing())
+            host.print(shown(value) + "\n");
+        host.throwOnProblem();
+        return value.isNothing() ? nothingThere : done;
+    }
+
+    Exit set(Host& host, PHPrefsManager& store) {
+        store.setObject(argumentValue(value_), key_);
+        store.saveAndNotify();
+        host.throwOnProblem();
+        return host.options().json ? get(host, store) : done;
+    }
+
+    Exit remove(Host& host, PHPrefsManager& store) {
+        host.throwOnProblem();
+        if (store.objectForKey(key_).isNothing())
+            throw CommandError(nothingThere, "no value under '" + key_ + "'");
+        store.removeObjectForKey(key_);
+        store.saveAndNotify();
+        host.throwOnProblem();
+        if (host.options().json) host.printJson({{"domain", domain_}, {"removed", key_}});
+        return done;
+    }
+
+    Exit list(Host& host, PHPrefsManager& store) {
+        printAll(host, store);
+        host.throwOnProblem();
+        return done;
+    }
+
+    Exit watch(Host& host, PHPrefsManager& /*store*/) {
+        if (notification_.empty()) throw CommandError(wrongUsage, "watch needs --notify NAME");
+        host.throwOnProblem();
+        host.tellProblemsAtOnce();
+        limits_.run(host.device().runLoop());
+        return done;
+    }
+
+    void printAll(Host& host, const PHPrefsManager& store) const {
+        if (host.options().json) {
+            host.printJson(
+                {{"domain", domain_}, {"values", json(Value(store.currentPrefsImplementation()))}});
+            return;
+        }
+        std::string text;
+        for (const auto& [key, value] : store.currentPrefsImplementation())
+            text += printable(key) + " = " + shown(value) + "\n";
+        host.print(text);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeStore() { return std::make_unique<Store>(); }
+
+} // namespace prismo::cli

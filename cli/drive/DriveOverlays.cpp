@@ -1,0 +1,82 @@
+// The lines of `drive` that are about what comes over a page.
+
+#include "cli/Command.h"
+#include "cli/drive/DriveSession.h"
+#include "cli/RowValue.h"
+
+#include "platform/social/SLComposeViewController.h"
+#include "platform/swatchkit/SWColorAlert.h"
+#include "platform/uikit/UIAlertView.h"
+#include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIBarButtonItem.h"
+
+#include <charconv>
+
+namespace prismo::cli {
+
+using Answer = nlohmann::ordered_json;
+
+namespace {
+
+template <typename Object>
+std::shared_ptr<Object> presented(const char* what) {
+    auto object = topmostPresented<Object>();
+    if (!object) throw CommandError(nothingThere, std::string("no ") + what + " is open");
+    return object;
+}
+
+} // namespace
+
+Answer DriveSession::pick(const Words& words) {
+    const auto color = colorArgument(words[0]);
+    const auto picker = presented<SWColorAlert>("colour picker");
+    picker->setColor(color);
+    picker->accept();
+    return Answer::object();
+}
+
+Answer DriveSession::cancel(const Words& /*words*/) {
+    presented<SWColorAlert>("colour picker")->cancel();
+    return Answer::object();
+}
+
+Answer DriveSession::answer(const Words& words) {
+    std::size_t button = 0;
+    const auto& text = words[0];
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), button);
+    if (error != std::errc() || end != text.data() + text.size())
+        throw CommandError(wrongUsage, "'" + text + "' is no button's number");
+    const auto alert = presented<UIAlertView>("alert");
+    if (button >= alert->buttonTitles().size())
+        throw CommandError(nothingThere, "the alert has no button " + text);
+    alert->clickButtonAtIndex(button);
+    return Answer::object();
+}
+
+Answer DriveSession::share(const Words& /*words*/) {
+    const auto& item = navigation_->topViewController()->navigationItem().rightBarButtonItem();
+    if (!item) throw CommandError(nothingThere, "the navigation bar has no right button");
+    item->tap();
+    return Answer::object();
+}
+
+Answer DriveSession::send(const Words& /*words*/) {
+    presented<SLComposeViewController>("compose sheet")->send();
+    return Answer::object();
+}
+
+Answer DriveSession::dismiss(const Words& /*words*/) {
+    presented<SLComposeViewController>("compose sheet")->dismiss();
+    return Answer::object();
+}
+
+Answer DriveSession::banner(const Words& /*words*/) {
+    const auto& button = root_->statusAlert()->actionButton();
+    // A view that is on its way out takes no taps.
+    if (button->isHidden() || !button->superview() || button->alpha() == 0)
+        throw CommandError(nothingThere, "no status bar alert is shown");
+    button->sendActionsForControlEvents(UIControlEventTouchUpInside);
+    return Answer::object();
+}
+
+} // namespace prismo::cli

@@ -1,0 +1,133 @@
+#include "cli/Command.h"
+#include "cli/Printable.h"
+#include "cli/Usage.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <iostream>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace prismo::cli {
+
+namespace {
+
+constexpr const char* generalOptions =
+    "'prismo2 --help' tells the options that every command takes, such as --app ID and --json.";
+constexpr const char* examples = R"(Examples:
+  prismo2 rows                              the settings, system-wide
+  prismo2 set enabled off                   switch the colouring off
+  prismo2 type keyboard custom              give the keyboard a colour of its own
+  prismo2 set keyboard_color 3366ff         … this one
+  prismo2 --app com.example.app rows        the settings of one application
+  prismo2 --app com.example.app set scope_enabled on
+  prismo2 watch                             print a line for every change
+
+Exit codes: 0 done, 1 failed, 2 wrong usage, 3 nothing there.)";
+
+int complain(Exit exit, const std::string& message) {
+    std::fprintf(stderr, "prismo2: %s\n", printable(message).c_str());
+    return exit;
+}
+
+/// The help would tell the type of each, which is text.
+void explainArguments(CLI::App& command) {
+    for (auto* argument : command.get_options([](const CLI::Option* each) { return each->get_positional(); }))
+        argument->option_text(argument->get_required() ? "(required)" : "(optional)");
+    for (auto* inner : command.get_subcommands([](const CLI::App*) { return true; }))
+        explainArguments(*inner);
+}
+
+int run(Command& command, const Options& options) {
+    Host host(options, command.companions(), command.clock());
+    return host.finish(command.run(host));
+}
+
+int main(int argc, char** argv) {
+    CLI::App app("The settings of Prismo 2 from a shell.", "prismo2");
+    app.footer(examples);
+    app.set_version_flag("--version", "prismo2 " PRISMO_VERSION);
+    app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.fallthrough();
+
+    Options options;
+    app.add_option("--root", options.root,
+                   "the device root ($PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device)")
+        ->option_text("DIR")
+        ->check([](const std::string& path) { return path.empty() ? "the device root is empty" : ""; });
+    app.add_option("--app", options.app, "the settings of this application; \"\" for none chosen")
+        ->option_text("ID");
+    app.add_flag("--json", options.json, "print one JSON document");
+    app.add_flag("--dry-run", options.dryRun, "change nothing; tell what would be done");
+
+    const auto words = commandLineWords(argc, argv);
+    const auto isWord = [&](std::string_view word) { return std::ranges::find(words, word) != words.end(); };
+    // Declaring all commands takes longer than running most of them, so it is done for those only that are
+    // named.
+    const bool declaresAll =
+        isWord("--help") || isWord("-h") ||
+        std::ranges::none_of(commands(), [&](const auto& entry) { return isWord(entry.name); });
+    std::map<const CLI::App*, std::unique_ptr<Command>> made;
+    for (const auto& entry : commands()) {
+        if (!declaresAll && !isWord(entry.name)) continue;
+        auto* subcommand = app.add_subcommand(entry.name, entry.summary);
+        subcommand->group("Commands");
+        subcommand->footer(generalOptions);
+        auto command = entry.make();
+        command->declare(*subcommand);
+        explainArguments(*subcommand);
+        made[subcommand] = std::move(command);
+    }
+
+    try {
+        app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes the last one first
+    } catch (const CLI::Success& success) {
+        const int exit = app.exit(success); // --help and --version
+        if (!std::cout.flush())
+            return complain(failed, std::string("standard output: ") + std::strerror(errno));
+        return exit;
+    } catch (const CLI::ParseError& error) {
+        return complain(wrongUsage, usageProblem(app, words, error));
+    }
+    try {
+        return run(*made.at(app.get_subcommands().front()), options);
+    } catch (const CommandError& error) {
+        return complain(error.exit(), error.what());
+    } catch (const std::runtime_error& error) {
+        return complain(failed, error.what());
+    }
+}
+
+} // namespace
+
+std::span<const CommandEntry> commands() {
+    static constexpr CommandEntry all[] = {
+        {"rows", "show the page's rows", makeRows},
+        {"get", "print a setting", makeGet},
+        {"set", "change a setting", makeSet},
+        {"type", "show or choose an element's colour type", makeType},
+        {"color", "show or choose an element's colour", makeColor},
+        {"apps", "list the installed applications", makeApps},
+        {"clear-cache", "forget the colours worked out from application icons", makeClearCache},
+        {"respring", "restart the user interface", makeRespring},
+        {"package", "open the related package in the package manager", makePackage},
+        {"watch", "print a line for every change", makeWatch},
+        {"post", "post a notification", makePost},
+        {"drive", "play a person's taps on the pages", makeDrive},
+        {"store", "work on another preference domain", makeStore},
+    };
+    return all;
+}
+
+} // namespace prismo::cli
+
+int main(int argc, char** argv) { return prismo::cli::main(argc, argv); }
