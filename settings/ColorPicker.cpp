@@ -1,0 +1,39 @@
+#include "settings/ColorPicker.h"
+
+#include "settings/Colors.h"
+#include "settings/RecentColors.h"
+#include "settings/Taps.h"
+
+#include <utility>
+
+namespace prismo::settings {
+
+ColorPicker::ColorPicker(std::shared_ptr<SWColorAlert> picker, RecentColors& recentColors, Taps& taps)
+    : picker_(std::move(picker)), recentColors_(recentColors), taps_(taps),
+      // At once: what is dragged has to follow the pointer.
+      subscription_(picker_->observe([this] { emit changed(); })) {}
+
+QColor ColorPicker::startColor() const { return toQColor(picker_->startColor()); }
+
+QColor ColorPicker::color() const { return toQColor(picker_->color()); }
+
+void ColorPicker::setHSB(double hue, double saturation, double brightness) {
+    picker_->setHSB({hue, saturation, brightness});
+}
+
+void ColorPicker::setAlpha(double alpha) { picker_->setAlpha(alpha); }
+
+bool ColorPicker::setHexText(const QString& text) {
+    return picker_->setHexText(text.trimmed().toStdString());
+}
+
+void ColorPicker::accept() {
+    recentColors_.add(hexText());
+    taps_.add([picker = picker_] { picker->accept(); });
+}
+
+void ColorPicker::dismiss() {
+    taps_.add([picker = picker_] { picker->cancel(); });
+}
+
+} // namespace prismo::settings

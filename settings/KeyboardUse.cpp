@@ -1,0 +1,20 @@
+#include "settings/KeyboardUse.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace prismo::settings {
+
+KeyboardUse::KeyboardUse() { QCoreApplication::instance()->installEventFilter(this); }
+
+bool KeyboardUse::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress;
+    const bool isPointer = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin;
+    if ((isKey || isPointer) && isActive_ != isKey) {
+        isActive_ = isKey;
+        emit isActiveChanged();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace prismo::settings

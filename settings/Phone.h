@@ -1,0 +1,100 @@
+#pragma once
+
+#include "settings/Notices.h"
+#include "settings/RecentColors.h"
+#include "settings/Refresh.h"
+#include "settings/Stage.h"
+#include "settings/Taps.h"
+
+#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UISplitViewController.h"
+
+#include <memory>
+#include <QColor>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+#include <vector>
+
+namespace prismo::settings {
+
+class Banner;
+
+/// The phone's screen for QML: the stack of pages with its navigation bar, and what comes over them.
+class Phone : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The program has one")
+    Q_PROPERTY(prismo::settings::Stage* pages READ pages CONSTANT)
+    Q_PROPERTY(prismo::settings::Stage* overlays READ overlays CONSTANT)
+    Q_PROPERTY(QVariantList banners READ banners NOTIFY bannersChanged)
+    /// The window, and with it what stands in it, is in front of the status bar.
+    Q_PROPERTY(bool coversStatusBar READ coversStatusBar NOTIFY bannersChanged)
+    Q_PROPERTY(prismo::settings::Notices* notices READ notices CONSTANT)
+    Q_PROPERTY(prismo::settings::RecentColors* recentColors READ recentColors CONSTANT)
+    // Of the navigation bar; an invalid colour stands for the window's own.
+    Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY barChanged)
+    Q_PROPERTY(QColor barTint MEMBER barTint_ NOTIFY barChanged)
+    Q_PROPERTY(QColor titleColor MEMBER titleColor_ NOTIFY barChanged)
+    /// The directory that stands for the phone.
+    Q_PROPERTY(QString rootPath READ rootPath CONSTANT)
+    Q_PROPERTY(QString rootName READ rootName CONSTANT)
+
+  public:
+    struct Start {
+        QString rootPath;
+        /// Where the window keeps what is its own; "" for nowhere.
+        QString stateFile;
+    };
+    /// Works on the current device. Nothing is shown before `open`.
+    explicit Phone(Start start);
+    ~Phone() override;
+
+    /// Puts the first page on the stack.
+    void open(const std::shared_ptr<UIViewController>& firstPage);
+
+    Stage* pages() { return &pages_; }
+    Stage* overlays() { return &overlays_; }
+    QVariantList banners() const;
+    bool coversStatusBar() const;
+    Notices* notices() { return &notices_; }
+    RecentColors* recentColors() { return &recentColors_; }
+    QString rootPath() const { return start_.rootPath; }
+    QString rootName() const;
+    Taps& taps() { return taps_; }
+    UINavigationController& navigation() { return *navigation_; }
+
+    /// A person goes back one page.
+    Q_INVOKABLE void back();
+    /// The window has this size, in points.
+    Q_INVOKABLE void setSize(double width, double height);
+
+  signals:
+    void bannersChanged();
+    void barChanged();
+
+  private:
+    std::unique_ptr<QObject> makeOverlay(const std::shared_ptr<NSObject>& object);
+    void lookAtPages();
+    void lookAtBar();
+    void lookAtApplication();
+    void lookAtWindow();
+
+    Start start_;
+    Taps taps_;
+    Notices notices_;
+    RecentColors recentColors_;
+    std::shared_ptr<UINavigationController> navigation_ = std::make_shared<UINavigationController>();
+    std::shared_ptr<UISplitViewController> split_ = std::make_shared<UISplitViewController>();
+    Stage pages_;
+    Stage overlays_;
+    std::vector<std::unique_ptr<Banner>> banners_;
+    QColor tint_;
+    QColor barTint_;
+    QColor titleColor_;
+    Refresh pageChanges_{[this] { lookAtPages(); }};
+    Refresh barChanges_{[this] { lookAtBar(); }};
+    Refresh applicationChanges_{[this] { lookAtApplication(); }};
+    Refresh windowChanges_{[this] { lookAtWindow(); }};
+};
+
+} // namespace prismo::settings

@@ -1,0 +1,32 @@
+#include "settings/RecentColors.h"
+
+#include "platform/swatchkit/ColorText.h"
+
+#include <QSettings>
+#include <utility>
+
+namespace prismo::settings {
+
+namespace {
+
+constexpr const char* key = "recentColors";
+constexpr qsizetype most = 8;
+
+} // namespace
+
+RecentColors::RecentColors(QString stateFile) : stateFile_(std::move(stateFile)) {
+    if (stateFile_.isEmpty()) return;
+    const auto kept = QSettings(stateFile_, QSettings::IniFormat).value(key).toStringList();
+    for (const auto& text : kept)
+        if (texts_.size() < most && colorFromText(text.toStdString())) texts_ += text;
+}
+
+void RecentColors::add(const QString& text) {
+    texts_.removeAll(text);
+    texts_.prepend(text);
+    texts_ = texts_.mid(0, most);
+    if (!stateFile_.isEmpty()) QSettings(stateFile_, QSettings::IniFormat).setValue(key, texts_);
+    emit changed();
+}
+
+} // namespace prismo::settings

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <QObject>
+
+namespace prismo::settings {
+
+/// What a person does in the window, one after the other and never inside the handler of a QML signal: a page
+/// may run a nested loop when it is told, and the item that was tapped may be gone when that ends. A tap that
+/// comes meanwhile waits its turn.
+class Taps : public QObject {
+  public:
+    void add(std::function<void()> act);
+    bool isIdle() const { return acts_.empty() && !isPlaying_; }
+
+  private:
+    void playNext();
+
+    std::deque<std::function<void()>> acts_;
+    bool isPlaying_ = false;
+};
+
+} // namespace prismo::settings

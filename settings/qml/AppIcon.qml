@@ -1,0 +1,41 @@
+import QtQuick
+import Prismo.Settings
+
+// A picture in its square, or where there is none to be shown, the first letter of a name.
+Item {
+    id: icon
+
+    required property string source
+    required property string name
+    property real size: 29
+    property bool hasPlaceholder: true
+
+    implicitWidth: size
+    implicitHeight: size
+
+    Rectangle {
+        anchors.fill: parent
+        visible: icon.hasPlaceholder && picture.status !== Image.Ready && picture.status !== Image.Loading
+        radius: icon.size * 0.225
+        color: Theme.dark ? "#48484d" : "#8e8e96"
+        antialiasing: true
+
+        Label {
+            anchors.centerIn: parent
+            text: icon.name.trim().charAt(0).toUpperCase()
+            color: "#ffffff"
+            font.pixelSize: icon.size * 0.52
+            font.weight: Font.DemiBold
+        }
+    }
+    Image {
+        id: picture
+        anchors.fill: parent
+        source: icon.source === "" ? "" : icon.source + "/icon"
+        sourceSize.width: icon.size * 2
+        sourceSize.height: icon.size * 2
+        fillMode: Image.PreserveAspectFit
+        asynchronous: true
+        smooth: true
+    }
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import Prismo.Settings
+
+// A button that stands in the window over all pages.
+Rectangle {
+    id: view
+
+    required property Banner modelData
+
+    x: modelData.frame.x
+    y: modelData.frame.y
+    width: modelData.frame.width
+    height: modelData.frame.height
+    visible: !modelData.isHidden && opacity > 0
+    opacity: modelData.opacity
+    color: modelData.color
+    activeFocusOnTab: visible
+
+    Accessible.role: Accessible.Button
+    Accessible.name: modelData.title
+    Accessible.focusable: true
+    Accessible.onPressAction: view.modelData.tap()
+
+    Keys.onSpacePressed: view.modelData.tap()
+    Keys.onReturnPressed: view.modelData.tap()
+    Keys.onEnterPressed: view.modelData.tap()
+
+    Label {
+        anchors.fill: parent
+        anchors.leftMargin: 8
+        anchors.rightMargin: 8
+        horizontalAlignment: Text.AlignHCenter
+        text: view.modelData.title
+        color: view.modelData.titleColor
+        font.pixelSize: view.modelData.fontSize
+        font.bold: view.modelData.isBold
+        Accessible.ignored: true
+    }
+    MouseArea {
+        anchors.fill: parent
+        cursorShape: Qt.PointingHandCursor
+        onClicked: view.modelData.tap()
+    }
+    Rectangle {
+        anchors.fill: parent
+        visible: view.activeFocus && KeyboardUse.isActive
+        color: "transparent"
+        border.color: view.modelData.titleColor
+        border.width: 2
+    }
+}

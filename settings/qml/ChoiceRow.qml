@@ -1,0 +1,35 @@
+import QtQuick
+import Prismo.Settings
+
+TableRow {
+    id: row
+
+    required property bool isChecked
+    property color tint: Theme.accent
+
+    Accessible.role: Accessible.RadioButton
+    Accessible.checkable: true
+    Accessible.checked: isChecked
+
+    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+
+    Label {
+        id: label
+        width: parent.width - 28
+        height: parent.height
+        text: row.title
+        wrapMode: Text.Wrap
+        maximumLineCount: 3
+        color: row.labelColor
+    }
+    CheckMark {
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        color: row.tint
+        opacity: row.isChecked ? 1 : 0
+        scale: row.isChecked ? 1 : 0.6
+
+        Behavior on opacity { NumberAnimation { duration: Theme.quick } }
+        Behavior on scale { NumberAnimation { duration: Theme.quick; easing.type: Easing.OutBack } }
+    }
+}

@@ -1,0 +1,166 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Prismo.Settings
+
+// The colour picker.
+Sheet {
+    id: view
+
+    required property ColorPicker object
+    readonly property ColorPicker picker: object
+    required property RecentColors recentColors
+
+    title: qsTr("Color")
+    acceptText: qsTr("Choose")
+    sheetHeight: 53 + content.implicitHeight + 36
+    onAccepted: picker.accept()
+    onCancelled: picker.dismiss()
+
+    component Caption: Label {
+        color: Theme.secondaryLabel
+        font.pixelSize: Theme.footnoteSize
+        font.weight: Font.Medium
+    }
+
+    Column {
+        id: content
+
+        y: 18
+        width: parent.width
+        spacing: 16
+
+        ColorField {
+            width: parent.width
+            picker: view.picker
+        }
+        ColorSlider {
+            width: parent.width
+            name: qsTr("Brightness")
+            value: view.picker.brightness
+            to: Qt.hsva(view.picker.hue, view.picker.saturation, 1, 1)
+            onMoved: value => view.picker.setHSB(view.picker.hue, view.picker.saturation, value)
+        }
+        ColorSlider {
+            width: parent.width
+            visible: view.picker.showsAlpha
+            name: qsTr("Opacity")
+            isTransparent: true
+            value: view.picker.alpha
+            from: "transparent"
+            to: Qt.rgba(view.picker.color.r, view.picker.color.g, view.picker.color.b, 1)
+            onMoved: value => view.picker.setAlpha(value)
+        }
+        Item {
+            width: parent.width
+            height: 44
+
+            // Old and new, side by side.
+            Item {
+                id: preview
+
+                width: 132
+                height: 44
+
+                Accessible.role: Accessible.StaticText
+                Accessible.name: qsTr("Before %1, now %2").arg(view.picker.startColor.toString()).arg(view.picker.color.toString())
+
+                Checkers {
+                    anchors.fill: parent
+                    visible: view.picker.showsAlpha
+                }
+                Repeater {
+                    model: [view.picker.startColor, view.picker.color]
+
+                    Item {
+                        id: half
+
+                        required property int index
+                        required property color modelData
+
+                        x: index * preview.width / 2
+                        width: preview.width / 2
+                        height: preview.height
+                        clip: true
+
+                        Rectangle {
+                            x: half.index === 0 ? 0 : -radius
+                            width: parent.width + radius
+                            height: parent.height
+                            radius: 10
+                            color: half.modelData
+                            antialiasing: true
+                        }
+                    }
+                }
+                RoundFrame {
+                    corner: 10
+                }
+            }
+            Caption {
+                anchors.right: hex.left
+                anchors.rightMargin: 10
+                height: parent.height
+                text: qsTr("Hex")
+                Accessible.ignored: true
+            }
+            HexField {
+                id: hex
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                picker: view.picker
+            }
+        }
+        Column {
+            width: parent.width
+            spacing: 8
+            visible: view.recentColors.texts.length > 0
+
+            Caption {
+                text: qsTr("Recent")
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+            Row {
+                spacing: (content.width - 8 * 34) / 7
+
+                Repeater {
+                    model: view.recentColors.texts
+
+                    Swatch {
+                        id: recent
+
+                        required property string modelData
+
+                        function use() {
+                            view.picker.setHexText(recent.modelData);
+                        }
+
+                        width: 34
+                        height: 34
+                        color: modelData
+                        activeFocusOnTab: true
+
+                        Accessible.role: Accessible.Button
+                        Accessible.name: qsTr("Recent color %1").arg(modelData)
+                        Accessible.focusable: true
+                        Accessible.onPressAction: recent.use()
+
+                        Keys.onSpacePressed: recent.use()
+                        Keys.onReturnPressed: recent.use()
+
+                        MouseArea {
+                            anchors.fill: parent
+                            onClicked: recent.use()
+                        }
+                        FocusRing {
+                            target: recent
+                            anchors.margins: -4
+                            radius: width / 2
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

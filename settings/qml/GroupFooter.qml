@@ -1,0 +1,31 @@
+import QtQuick
+import Prismo.Settings
+
+Item {
+    id: footer
+
+    required property string title
+    required property int alignment
+
+    width: ListView.view ? ListView.view.width : implicitWidth
+    implicitWidth: 360
+    implicitHeight: label.implicitHeight + 10
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: title
+
+    Label {
+        id: label
+        x: Math.max(Theme.gutter, (parent.width - Theme.contentWidth) / 2) + Theme.gutter
+        y: 7
+        width: parent.width - 2 * x
+        text: footer.title.trim()
+        color: Theme.secondaryLabel
+        font.pixelSize: Theme.footnoteSize
+        lineHeight: 1.15
+        wrapMode: Text.Wrap
+        elide: Text.ElideNone
+        horizontalAlignment: footer.alignment
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import Prismo.Settings
+
+// A colour as text. What is no colour text is marked and changes nothing.
+Rectangle {
+    id: field
+
+    required property ColorPicker picker
+    property bool isValid: true
+
+    implicitWidth: 128
+    implicitHeight: 36
+    radius: 9
+    color: Theme.field
+    border.color: isValid ? (input.activeFocus ? Theme.accent : Theme.separator) : "#ff3b30"
+    border.width: input.activeFocus || !isValid ? 2 : 1
+    antialiasing: true
+
+    TextInput {
+        id: input
+
+        anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 8
+        verticalAlignment: TextInput.AlignVCenter
+        color: Theme.label
+        font.family: "Inter"
+        font.pixelSize: 16
+        maximumLength: 16
+        inputMethodHints: Qt.ImhNoPredictiveText
+        selectByMouse: true
+        selectionColor: Theme.accent
+        selectedTextColor: Theme.accentLabel
+        activeFocusOnTab: true
+        clip: true
+
+        // Not bound: what is being typed stays as it is typed.
+        Component.onCompleted: text = field.picker.hexText
+        onTextEdited: field.isValid = field.picker.setHexText(text)
+        onActiveFocusChanged: {
+            if (activeFocus) {
+                selectAll();
+            } else {
+                field.isValid = true;
+                text = field.picker.hexText;
+            }
+        }
+
+        Accessible.role: Accessible.EditableText
+        Accessible.name: qsTr("Hex Color")
+        Accessible.description: field.isValid ? "" : qsTr("Not a color")
+        Accessible.editable: true
+        Accessible.focusable: true
+
+        Connections {
+            target: field.picker
+            function onChanged() {
+                if (!input.activeFocus)
+                    input.text = field.picker.hexText;
+            }
+        }
+    }
+}

@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Prismo.Settings
+
+// The initial letters of a long table; one that is touched brings its rows into view.
+Item {
+    id: strip
+
+    // Of {label, row}, in the table's order.
+    required property var entries
+    property color tint: Theme.accent
+    // What there is room for; where there is too little, letters are left out evenly.
+    readonly property int room: Math.max(1, Math.floor((height - 24) / 14))
+    readonly property int count: Math.min(entries.length, room)
+    property int current: 0
+    signal chosen(int row)
+
+    function entryAt(position: int): var {
+        return strip.entries[Math.floor(position * strip.entries.length / strip.count)];
+    }
+
+    function choose(position: int) {
+        if (strip.count === 0)
+            return;
+        strip.current = Math.max(0, Math.min(strip.count - 1, position));
+        strip.chosen(strip.entryAt(strip.current).row);
+    }
+
+    implicitWidth: 20
+    activeFocusOnTab: visible
+
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Index")
+    Accessible.focusable: true
+
+    Keys.onDownPressed: strip.choose(strip.current + 1)
+    Keys.onUpPressed: strip.choose(strip.current - 1)
+
+    Column {
+        id: letters
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width
+
+        Repeater {
+            model: strip.count
+
+            Label {
+                id: letter
+
+                required property int index
+
+                width: letters.width
+                height: 14
+                horizontalAlignment: Text.AlignHCenter
+                text: strip.entryAt(index).label
+                color: strip.tint
+                font.pixelSize: 11
+                font.weight: Font.DemiBold
+
+                Accessible.role: Accessible.Button
+                Accessible.name: text
+                Accessible.onPressAction: strip.choose(letter.index)
+            }
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        anchors.leftMargin: -4
+        preventStealing: true
+        onPressed: mouse => strip.choose(Math.floor((mouse.y - letters.y) / 14))
+        onPositionChanged: mouse => strip.choose(Math.floor((mouse.y - letters.y) / 14))
+    }
+    FocusRing {
+        target: strip
+        radius: 6
+    }
+}

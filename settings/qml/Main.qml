@@ -1,0 +1,14 @@
+import QtQuick
+import Prismo.Settings
+
+SettingsWindow {
+    id: window
+
+    required property Phone phone
+
+    PhoneView {
+        anchors.fill: parent
+        focus: true
+        phone: window.phone
+    }
+}

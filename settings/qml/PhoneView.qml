@@ -1,0 +1,112 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Qt.labs.qmlmodels
+import Prismo.Settings
+
+// The phone's screen: the pages, the status bar, what stands over both, and what waits for the person.
+Item {
+    id: view
+
+    required property Phone phone
+
+    function goBack() {
+        const top = view.phone.overlays.top as Overlay;
+        if (top)
+            top.dismiss();
+        else
+            view.phone.back();
+    }
+
+    onWidthChanged: phone.setSize(width, height)
+    onHeightChanged: phone.setSize(width, height)
+
+    PageStack {
+        id: stack
+
+        anchors.fill: parent
+        focus: true
+        phone: view.phone
+        enabled: view.phone.overlays.depth === 0
+        onEnabledChanged: {
+            if (enabled)
+                takeFocus();
+        }
+    }
+    StatusBar {
+        z: 2
+        width: parent.width
+        rootName: view.phone.rootName
+        rootPath: view.phone.rootPath
+        // What covers it can be seen through a little.
+        opacity: view.phone.coversStatusBar ? 0 : 1
+
+        Behavior on opacity { NumberAnimation { duration: 300 } }
+    }
+    Item {
+        z: view.phone.coversStatusBar ? 3 : 1
+        width: parent.width
+        height: Theme.statusBarHeight
+
+        Repeater {
+            model: view.phone.banners
+
+            BannerView {}
+        }
+    }
+    NoticeList {
+        z: 4
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 16
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width - 24, 520)
+        notices: view.phone.notices
+    }
+    Item {
+        z: 5
+        anchors.fill: parent
+
+        Repeater {
+            id: overlays
+
+            model: view.phone.overlays
+
+            delegate: DelegateChooser {
+                role: "kind"
+
+                DelegateChoice {
+                    roleValue: "Alert"
+                    AlertView {
+                        anchors.fill: parent
+                        onGone: view.phone.overlays.remove(object)
+                    }
+                }
+                DelegateChoice {
+                    roleValue: "ColorPicker"
+                    ColorPickerView {
+                        anchors.fill: parent
+                        recentColors: view.phone.recentColors
+                        onGone: view.phone.overlays.remove(object)
+                    }
+                }
+                DelegateChoice {
+                    roleValue: "Compose"
+                    ComposeView {
+                        anchors.fill: parent
+                        onGone: view.phone.overlays.remove(object)
+                    }
+                }
+            }
+        }
+    }
+    MouseArea {
+        z: 6
+        anchors.fill: parent
+        acceptedButtons: Qt.BackButton
+        onClicked: view.goBack()
+    }
+    Shortcut {
+        sequences: ["Esc", "Alt+Left"]
+        onActivated: view.goBack()
+    }
+}

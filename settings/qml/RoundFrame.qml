@@ -1,0 +1,26 @@
+import QtQuick
+import Prismo.Settings
+
+// Rounds what lies under it, which cannot be clipped to a round shape, in the colour of what that lies on.
+Rectangle {
+    id: frame
+
+    required property real corner
+
+    anchors.fill: parent
+    anchors.margins: -4
+    radius: corner + 4
+    color: "transparent"
+    border.color: Theme.sheet
+    border.width: 4
+    antialiasing: true
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 4
+        radius: frame.corner
+        color: "transparent"
+        border.color: Theme.outline
+        antialiasing: true
+    }
+}

@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Window
+import Prismo.Settings
+
+Window {
+    id: window
+
+    // "light", "dark" or "system".
+    required property string style
+
+    width: 390
+    height: 780
+    minimumWidth: 320
+    minimumHeight: 420
+    visible: true
+    title: qsTr("Settings")
+    color: Theme.background
+
+    SystemPalette {
+        id: desktop
+    }
+    Binding {
+        target: Theme
+        property: "dark"
+        value: window.style === "dark" || (window.style === "system" && desktop.window.hslLightness < 0.5)
+    }
+}

@@ -1,0 +1,112 @@
+import QtQuick
+import Prismo.Settings
+
+// What comes over the page from below and waits for the person: a card with a bar of its own. On a wide window it
+// stands in the middle.
+FocusScope {
+    id: sheet
+
+    required property bool isLeaving
+    property string title
+    property string acceptText
+    property bool canAccept: true
+    property real sheetHeight: 480
+    // 0 out of sight, 1 there.
+    property real presence: 0
+    readonly property bool isWide: width > 560
+    readonly property real margin: isWide ? (width - 420) / 2 : 0
+    default property alias content: body.data
+    signal accepted
+    signal cancelled
+    signal gone
+
+
+    focus: true
+
+    Component.onCompleted: {
+        appear.start();
+        forceActiveFocus();
+    }
+    onIsLeavingChanged: appear.restart()
+
+    NumberAnimation {
+        id: appear
+        target: sheet
+        property: "presence"
+        to: sheet.isLeaving ? 0 : 1
+        duration: Theme.slow
+        easing.type: Easing.OutQuart
+        onFinished: {
+            if (sheet.isLeaving)
+                sheet.gone();
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.dim
+        opacity: sheet.presence
+
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            onWheel: wheel => wheel.accepted = true
+            onClicked: sheet.cancelled()
+        }
+    }
+    Rectangle {
+        id: card
+
+        readonly property real shownY: sheet.isWide ? Math.max(12, (sheet.height - height) / 2) : sheet.height - height + radius
+
+        x: sheet.margin
+        y: sheet.height + (shownY - sheet.height) * sheet.presence
+        width: sheet.width - 2 * x
+        height: Math.min(sheet.sheetHeight + (sheet.isWide ? 0 : radius), sheet.height - 12)
+        radius: 14
+        color: Theme.sheet
+        antialiasing: true
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
+
+        MouseArea {
+            anchors.fill: parent
+        }
+        BarButton {
+            id: cancelButton
+            text: qsTr("Cancel")
+            height: 52
+            onClicked: sheet.cancelled()
+        }
+        Label {
+            anchors.horizontalCenter: parent.horizontalCenter
+            height: 52
+            text: sheet.title
+            font.weight: Font.DemiBold
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        Rectangle {
+            y: 52
+            width: parent.width
+            height: 1
+            color: Theme.separator
+        }
+        Item {
+            id: body
+            x: Theme.gutter
+            y: 53
+            width: card.width - 2 * x
+            height: card.height - y - (sheet.isWide ? 0 : card.radius)
+        }
+        BarButton {
+            anchors.right: parent.right
+            text: sheet.acceptText
+            isStrong: true
+            height: 52
+            enabled: sheet.canAccept
+            onClicked: sheet.accepted()
+        }
+    }
+}

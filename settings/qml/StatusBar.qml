@@ -1,0 +1,49 @@
+import QtQuick
+import Prismo.Settings
+
+// The time, and which device is edited.
+Item {
+    id: bar
+
+    required property string rootName
+    required property string rootPath
+
+    implicitHeight: Theme.statusBarHeight
+
+    Label {
+        id: time
+        x: Theme.gutter
+        height: parent.height
+        font.pixelSize: 12
+        font.weight: Font.DemiBold
+
+        function tick() {
+            text = Qt.formatTime(new Date(), "HH:mm");
+        }
+
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+
+        Component.onCompleted: tick()
+
+        Timer {
+            interval: 1000
+            running: time.visible
+            repeat: true
+            onTriggered: time.tick()
+        }
+    }
+    Label {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.gutter
+        width: Math.min(implicitWidth, parent.width / 2)
+        height: parent.height
+        text: bar.rootName
+        color: Theme.secondaryLabel
+        font.pixelSize: 12
+        font.weight: Font.Medium
+
+        Accessible.role: Accessible.StaticText
+        Accessible.name: bar.rootPath
+    }
+}

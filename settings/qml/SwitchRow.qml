@@ -1,0 +1,36 @@
+import QtQuick
+import Prismo.Settings
+
+TableRow {
+    id: row
+
+    required property bool isChecked
+    property color litColor: Theme.switchOn
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.checkable: true
+    Accessible.checked: isChecked
+    Accessible.onToggleAction: row.activate()
+
+    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+
+    Label {
+        id: label
+        anchors.left: parent.left
+        anchors.right: toggle.left
+        anchors.rightMargin: 12
+        height: parent.height
+        text: row.title
+        color: row.labelColor
+        wrapMode: Text.Wrap
+        maximumLineCount: 3
+    }
+    Toggle {
+        id: toggle
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        isOn: row.isChecked
+        litColor: row.litColor
+        opacity: row.isEnabled ? 1 : 0.45
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import Prismo.Settings
+
+// What all rows of a page are: a part of their group's card that can be tapped, by whatever means.
+Item {
+    id: row
+
+    required property int index
+    required property string title
+    required property bool isEnabled
+    required property bool isFirst
+    required property bool isLast
+    property bool isTappable: true
+    // What a screen reader says after the title.
+    property string explanation
+    property real separatorInset: Theme.gutter
+    readonly property color labelColor: isEnabled ? Theme.label : Theme.disabledLabel
+    readonly property bool isPressed: area.pressed && isTappable && isEnabled
+    default property alias content: body.data
+    signal activated
+
+    function activate() {
+        if (row.isTappable && row.isEnabled)
+            row.activated();
+    }
+
+    width: ListView.view ? ListView.view.width : implicitWidth
+    implicitWidth: 360
+    implicitHeight: Theme.rowHeight
+    enabled: isEnabled
+
+    Accessible.name: title
+    // There is no state for it here, so it is said.
+    Accessible.description: isEnabled ? explanation : qsTr("Dimmed")
+    Accessible.focusable: isEnabled
+    Accessible.onPressAction: row.activate()
+
+    Keys.onSpacePressed: row.activate()
+    Keys.onReturnPressed: row.activate()
+    Keys.onEnterPressed: row.activate()
+
+    Item {
+        id: card
+        x: Math.max(Theme.gutter, (row.width - Theme.contentWidth) / 2)
+        width: row.width - 2 * x
+        height: row.height
+
+        // The card's corners are those of its first and last row: the rounded shape reaches beyond the others.
+        Item {
+            anchors.fill: parent
+            clip: !(row.isFirst && row.isLast)
+
+            Rectangle {
+                y: row.isFirst ? 0 : -radius
+                width: parent.width
+                height: parent.height + (row.isFirst ? 0 : radius) + (row.isLast ? 0 : radius)
+                radius: Theme.cornerRadius
+                color: row.isPressed ? Theme.pressed : Theme.card
+                antialiasing: true
+
+                Behavior on color {
+                    enabled: !row.isPressed
+                    ColorAnimation { duration: Theme.slow }
+                }
+            }
+        }
+        Rectangle {
+            x: row.separatorInset
+            y: parent.height - height
+            width: parent.width - x
+            height: 1
+            visible: !row.isLast
+            color: Theme.separator
+        }
+        MouseArea {
+            id: area
+            anchors.fill: parent
+            enabled: row.isTappable
+            onClicked: row.activate()
+        }
+        Item {
+            id: body
+            anchors.fill: parent
+            anchors.leftMargin: Theme.gutter
+            anchors.rightMargin: Theme.gutter
+        }
+        FocusRing {
+            target: row
+            parent: card
+            anchors.fill: card
+        }
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import Prismo.Settings
+
+// A link with a height of its own: a large icon and a large title.
+TableRow {
+    id: row
+
+    required property string image
+    required property bool opensPage
+    required property real rowHeight
+    required property real fontSize
+
+    implicitHeight: Math.max(Theme.rowHeight, rowHeight)
+
+    Accessible.role: Accessible.Button
+
+    AppIcon {
+        id: icon
+        anchors.verticalCenter: parent.verticalCenter
+        size: Math.min(59, row.height - 16)
+        source: row.image
+        name: row.title
+        opacity: row.isEnabled ? 1 : 0.45
+    }
+    Label {
+        anchors.left: icon.right
+        anchors.leftMargin: 14
+        anchors.right: parent.right
+        anchors.rightMargin: 20
+        height: parent.height
+        text: row.title
+        color: row.labelColor
+        font.pixelSize: row.fontSize
+        font.weight: Font.Medium
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+    }
+    Chevron {
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        visible: row.opensPage
+    }
+}

@@ -1,0 +1,96 @@
+#include "settings/supervisor/Supervisor.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace prismo::settings {
+
+namespace {
+
+// A person does not restart the interface so often; a window that cannot come up does.
+constexpr std::size_t mostDeaths = 4;
+constexpr std::chrono::seconds soon(5);
+
+// For a window that was asked to end and does not.
+constexpr timespec patience{2, 0};
+
+sigset_t handledSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
+        sigaddset(&signals, signal);
+    return signals;
+}
+
+} // namespace
+
+Supervisor::Supervisor(Command command) : command_(std::move(command)) {}
+
+int Supervisor::run() {
+    const auto signals = handledSignals();
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    start();
+    for (int ending = 0;;) {
+        const int signal = sigtimedwait(&signals, nullptr, ending ? &patience : nullptr);
+        if (signal < 0 && errno == EAGAIN) {
+            ::kill(window_, SIGKILL);
+        } else if (signal == SIGCHLD) {
+            int status = 0;
+            if (::waitpid(window_, &status, WNOHANG) != window_) continue;
+            if (WIFEXITED(status)) return WEXITSTATUS(status);
+            if (ending) return 128 + ending;
+            if (keepsDying()) {
+                std::fprintf(stderr,
+                             "prismo2-settings: the window keeps dying: %s, %zu times within %d seconds\n",
+                             strsignal(WTERMSIG(status)), deaths_.size(), static_cast<int>(soon.count()));
+                return 1;
+            }
+            start();
+        } else if (signal > 0) {
+            ending = signal;
+            ::kill(window_, signal);
+        }
+    }
+}
+
+void Supervisor::start() {
+    const auto supervisor = ::getpid();
+    window_ = ::fork();
+    if (window_ < 0) throw std::system_error(errno, std::generic_category(), "fork");
+    if (window_ == 0) becomeWindow(supervisor);
+}
+
+void Supervisor::becomeWindow(pid_t supervisor) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != supervisor) _exit(1); // it was too late for that
+    const auto signals = handledSignals();
+    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+    if (command_.inherited >= 0) ::fcntl(command_.inherited, F_SETFD, 0);
+
+    std::vector<char*> argv{command_.path.data()};
+    for (auto& argument : command_.arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    ::execv(command_.path.c_str(), argv.data());
+    std::fprintf(stderr, "prismo2-settings: %s: %s\n", command_.path.c_str(), std::strerror(errno));
+    _exit(1);
+}
+
+bool Supervisor::keepsDying() {
+    const auto now = std::chrono::steady_clock::now();
+    deaths_.push_back(now);
+    while (now - deaths_.front() > soon)
+        deaths_.pop_front();
+    return deaths_.size() >= mostDeaths;
+}
+
+} // namespace prismo::settings

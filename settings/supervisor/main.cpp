@@ -1,0 +1,78 @@
+#include "settings/Options.h"
+#include "settings/supervisor/Instance.h"
+#include "settings/supervisor/Supervisor.h"
+
+#include "platform/linux/DeviceRootPath.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <optional>
+
+namespace prismo::settings {
+
+namespace {
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+/// Nothing where there is no root, which the window says.
+std::optional<struct stat> rootStatus(const Options& options) {
+    struct stat status {};
+    try {
+        const auto root = DeviceRootPath::choose(options.root);
+        root.makeIfDefault();
+        if (::stat(root.path().c_str(), &status) == 0) return status;
+    } catch (const std::runtime_error&) {
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+/// Leaves nothing where it cannot be found out whether there is a window: that is no reason to show none.
+void claim(std::optional<Instance>& instance, const struct stat& root) {
+    const auto token = environment("XDG_ACTIVATION_TOKEN");
+    try {
+        instance.emplace(root, token.empty() ? environment("DESKTOP_STARTUP_ID") : token);
+    } catch (const std::system_error& error) {
+        std::fprintf(stderr, "prismo2-settings: another window is not looked for: %s\n", error.what());
+    }
+}
+
+int run(const std::vector<std::string>& arguments) {
+    const auto options = parseOptions(arguments);
+    if (options.requests >= 0) throw UsageError("--requests is for the window alone");
+    if (!options.answer.empty())
+        return std::fputs(options.answer.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
+
+    std::optional<Instance> instance;
+    if (const auto root = rootStatus(options)) claim(instance, *root);
+    if (instance && !instance->isFirst()) return 0;
+
+    const auto directory = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    Supervisor::Command window{(directory / PRISMO_WINDOW).lexically_normal(), arguments, -1};
+    if (instance) {
+        window.inherited = instance->requests();
+        window.arguments.push_back("--requests=" + std::to_string(window.inherited));
+    }
+    return Supervisor(std::move(window)).run();
+}
+
+} // namespace
+
+} // namespace prismo::settings
+
+int main(int argc, char** argv) {
+    try {
+        return prismo::settings::run({argv + (argc > 0 ? 1 : 0), argv + argc});
+    } catch (const prismo::settings::UsageError& error) {
+        std::fprintf(stderr, "prismo2-settings: %s\n", error.what());
+        return 2;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "prismo2-settings: %s\n", error.what());
+        return 1;
+    }
+}
