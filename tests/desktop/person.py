@@ -1,0 +1,119 @@
+"""A person at the Settings application: sees what the accessibility tree tells, and presses what it offers."""
+
+import contextlib
+import os
+import subprocess
+import warnings
+
+from waiting import until
+
+
+class SessionBus:
+    """A session bus of its own, with the accessibility bus that it starts."""
+
+    def __init__(self):
+        self.daemon = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
+                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.address = self.daemon.stdout.readline().strip()
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.address
+
+    def close(self):
+        self.daemon.terminate()
+        self.daemon.wait()
+        self.daemon.stdout.close()
+
+
+class Person:
+    """What is on the screen is named by role and name, as a screen reader says them."""
+
+    def __init__(self, display):
+        # Only now: it connects to the bus of the environment.
+        import gi
+        warnings.simplefilter("ignore", DeprecationWarning)
+        gi.require_version("Atspi", "2.0")
+        from gi.repository import Atspi, GLib
+        self.atspi, self.glib = Atspi, GLib
+        self.display = display
+        Atspi.init()
+        Atspi.set_timeout(2000, 2000)
+        self.desktop = Atspi.get_desktop(0)
+        self.desktop.set_cache_mask(Atspi.Cache.NONE)
+
+    # Seeing
+
+    def everything(self, top=None):
+        """All that is there, as pairs of depth and object."""
+        # An application may go while it is looked at.
+        try:
+            found = [(0, top or self.desktop)]
+            while found:
+                depth, element = found.pop()
+                yield depth, element
+                for index in reversed(range(element.get_child_count())):
+                    child = element.get_child_at_index(index)
+                    if child:
+                        if depth == 0:
+                            # What was seen is stale as soon as it is seen. An application's is for all in it.
+                            child.set_cache_mask(self.atspi.Cache.NONE)
+                        found.append((depth + 1, child))
+        except self.glib.Error:
+            return
+
+    def shown(self, element):
+        return element.get_state_set().contains(self.atspi.StateType.SHOWING)
+
+    def look(self, role, name):
+        """The last of that role and name that is shown: what comes over the page comes after it."""
+        last = None
+        for _, element in self.everything():
+            try:
+                if (element.get_role_name(), element.get_name()) == (role, name) and self.shown(element):
+                    last = element
+            except self.glib.Error:
+                pass
+        return last
+
+    def sees(self, role, name, deadline=10):
+        return until(lambda: self.look(role, name), lambda: f"{role} '{name}' in\n{self.tree()}", deadline)
+
+    def sees_no(self, role, name):
+        until(lambda: not self.look(role, name), f"no {role} '{name}'")
+
+    def states(self, element):
+        named = self.atspi.StateType
+        return {word for word in ("enabled", "checked", "focusable", "focused", "selected", "showing", "editable")
+                if element.get_state_set().contains(getattr(named, word.upper()))}
+
+    def tree(self):
+        lines = []
+        for depth, element in self.everything():
+            try:
+                lines.append(f"{'  ' * depth}{element.get_role_name()} '{element.get_name()}' "
+                             f"{element.get_description()} {' '.join(sorted(self.states(element)))}")
+            except self.glib.Error:
+                pass
+        return "\n".join(lines)
+
+    # Doing
+
+    def press(self, role, name):
+        element = self.sees(role, name)
+        names = [element.get_action_name(index) for index in range(element.get_n_actions())]
+        # The program may be gone before it answers: that is what some buttons are for.
+        with contextlib.suppress(self.glib.Error):
+            element.do_action(next(names.index(name) for name in ("Press", "Toggle") if name in names))
+
+    def type(self, name, text):
+        """Into a text field, in place of what stands there, with the keyboard."""
+        field = self.sees("text", name)
+        self.display.focus()
+        self.press_focus(field)
+        until(lambda: "focused" in self.states(field), f"the focus on '{name}'")
+        self.display.tool("key", "ctrl+a")
+        self.display.tool("type", text)
+        until(lambda: field.get_text(0, -1).endswith(text), f"'{text}' in '{name}'")
+
+    @staticmethod
+    def press_focus(element):
+        names = [element.get_action_name(index) for index in range(element.get_n_actions())]
+        element.do_action(names.index("SetFocus"))

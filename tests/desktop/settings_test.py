@@ -1,0 +1,197 @@
+#!/usr/bin/env python3
+"""settings_test.py PRISMO2_SETTINGS PRISMO2 PICTURES: the whole, as a person uses it, seen through the accessibility tree.
+
+After each step the settings file is read with plistlib, and what another process was told is what `prismo2 watch`
+prints. A picture of the screen after each step is left in PICTURES.
+"""
+
+import os
+import pathlib
+import plistlib
+import select
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import namespace
+from display import Display
+from person import Person, SessionBus
+from waiting import until
+
+CHANGED = "com.corvane.prismo2.changed"
+BANNER = "Prismo 2 – Tap to Respring?"
+APPLICATION = "com.example.notes"
+
+
+class Settings(unittest.TestCase):
+    program = prismo2 = pictures = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.bus = SessionBus()
+        cls.addClassCleanup(cls.bus.close)
+        cls.display = Display(390, 780)
+        cls.addClassCleanup(cls.display.close)
+        cls.me = Person(cls.display)
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        self.world = pathlib.Path(directory.name)
+        self.root = self.world / "device"
+        self.file = self.root / "var/mobile/Library/Preferences/com.corvane.prismo2.plist"
+        for made in "device", "runtime":
+            (self.world / made).mkdir(mode=0o700)
+        self.install("Notes", APPLICATION)
+        self.install("Weather", "com.example.weather")
+        self.environment = {
+            "PATH": os.environ["PATH"], "HOME": str(self.world), "LANG": "C.UTF-8", "PRISMO2_ROOT": str(self.root),
+            "XDG_RUNTIME_DIR": str(self.world / "runtime"), "DISPLAY": self.display.name,
+            "DBUS_SESSION_BUS_ADDRESS": self.bus.address, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        self.count = 0
+        self.listen()
+        self.settings = self.start(self.program)
+        self.me.press("push button", "Prismo 2")
+        self.me.sees("check box", "Prismo Enabled")
+
+    def install(self, name, identifier):
+        bundle = self.root / f"Applications/{name}.app"
+        bundle.mkdir(parents=True)
+        (bundle / "Info.plist").write_bytes(plistlib.dumps(
+            {"CFBundleIdentifier": identifier, "CFBundleDisplayName": name, "CFBundleExecutable": name}))
+
+    def start(self, *command, **options):
+        process = subprocess.Popen(command, env=self.environment, **options)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.terminate)
+        return process
+
+    def command(self, *arguments):
+        subprocess.run([self.prismo2, *arguments], env=self.environment, check=True, timeout=10)
+
+    # What another process is told
+
+    def listen(self):
+        self.watcher = self.start(self.prismo2, "watch", stdout=subprocess.PIPE)
+        self.addCleanup(self.watcher.stdout.close)
+
+        def hears():
+            self.command("post", CHANGED)
+            return select.select([self.watcher.stdout], [], [], 0.05)[0]
+        until(hears, "a listener that hears")
+        self.forget()
+
+    def forget(self):
+        while select.select([self.watcher.stdout], [], [], 0)[0]:
+            os.read(self.watcher.stdout.fileno(), 4096)
+
+    def heard(self):
+        self.assertTrue(select.select([self.watcher.stdout], [], [], 10)[0], "nothing was told")
+        lines = os.read(self.watcher.stdout.fileno(), 4096).decode().splitlines()
+        self.assertEqual(set(lines), {CHANGED})
+
+    # What was stored
+
+    def stored(self):
+        return plistlib.loads(self.file.read_bytes()) if self.file.exists() else {}
+
+    def assert_stored(self, **values):
+        """These values are in the file, their change was told, and a picture is left."""
+        until(lambda: values.items() <= self.stored().items(), lambda: f"{values} in {self.stored()}")
+        self.heard()
+        self.picture()
+
+    def picture(self):
+        self.count += 1
+        test = self.id().rsplit(".test_", 1)[1]
+        self.display.save(self.pictures / f"{test}-{self.count}.png")
+
+    # What is done more than once
+
+    def choose_type(self, row, title):
+        self.me.press("push button", row)
+        self.me.press("radio button", title)
+
+    def go_back(self):
+        self.me.press("push button", "Back")
+        self.me.sees("check box", "Prismo Enabled")
+
+    def pick_color(self, row, text):
+        self.me.press("push button", row)
+        self.me.type("Hex Color", text)
+        self.picture()
+        self.me.press("push button", "Choose")
+        self.me.sees_no("text", "Hex Color")
+
+    # Claims
+
+    def test_a_switch_that_is_pressed_is_stored_and_told(self):
+        self.me.press("check box", "Prismo Enabled")
+        self.assert_stored(enabled=False)
+        until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
+
+    def test_a_type_that_is_chosen_is_stored_told_and_shown_by_its_row(self):
+        self.choose_type("Keyboard Enabled", "Custom")
+        self.assert_stored(keyboard_color_type=2)
+        self.go_back()
+        until(lambda: self.me.sees("push button", "Keyboard Enabled").get_description() == "Custom", "the type")
+        self.picture()
+
+    def test_a_colour_is_picked_by_its_text(self):
+        self.pick_color("Global Color", "3366ff")
+        self.assert_stored(global_color="#3366ff:1.000000")
+        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#3366ff", "the colour")
+
+    def test_an_application_gets_a_colour_of_its_own(self):
+        self.me.press("radio button", "Application")
+        self.me.sees("push button", "No App Selected")
+        self.picture()
+        self.me.press("push button", "No App Selected")
+        self.me.sees("push button", "Weather")
+        self.picture()
+        self.me.press("push button", "Notes")
+        self.me.sees("heading", "Prismo 2")
+        self.choose_type("Keyboard Enabled", "Custom")
+        self.assert_stored(**{f"{APPLICATION}_keyboard_color_type": 2})
+        self.go_back()
+        self.pick_color("Keyboard Color", "00aa88")
+        self.assert_stored(**{f"{APPLICATION}_keyboard_color": "#00aa88:1.000000"})
+        self.assertNotIn("keyboard_color", self.stored())
+
+    def test_the_banner_restarts_the_user_interface_and_the_window_comes_back(self):
+        self.me.press("check box", "Prismo Enabled")
+        self.assert_stored(enabled=False)
+        self.me.sees("push button", BANNER)
+        self.picture()
+        [before] = self.display.windows()
+        process = self.display.process(before)
+        self.me.press("push button", BANNER)
+        until(lambda: [w for w in self.display.windows() if self.display.process(w) != process], "another window")
+        self.me.press("push button", "Prismo 2")
+        until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
+        self.picture()
+        self.assertIsNone(self.settings.poll())
+
+    def test_a_change_made_by_the_command_shows_in_the_window(self):
+        self.command("set", "enabled", "off")
+        until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
+        self.me.sees("push button", BANNER)
+        self.picture()
+
+    def test_a_file_that_is_replaced_shows_once_that_is_told(self):
+        self.command("set", "use_album_art", "on")
+        replacement = self.file.with_suffix(".new")
+        replacement.write_bytes(plistlib.dumps({"global_color": "#123456", "enabled": False}))
+        replacement.rename(self.file)
+        self.command("post", CHANGED)
+        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#123456", "the colour")
+        self.picture()
+
+
+if __name__ == "__main__":
+    namespace.enter()
+    Settings.program, Settings.prismo2 = map(os.path.abspath, (sys.argv.pop(1), sys.argv.pop(1)))
+    Settings.pictures = pathlib.Path(sys.argv.pop(1))
+    Settings.pictures.mkdir(parents=True, exist_ok=True)
+    unittest.main()

@@ -1,0 +1,248 @@
+#!/usr/bin/env python3
+"""supervisor_test.py SUPERVISOR: what prismo2-settings does around its window.
+
+The window is a script here, which stands where the supervisor looks for the window's program.
+"""
+
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import namespace
+from waiting import until
+
+# Tells in $WORLD/started each time it starts, and what it is asked on its socket.
+WINDOW = """#!/usr/bin/python3
+import os, select, socket, sys
+with open(os.environ["WORLD"] + "/started", "a") as file:
+    file.write(f"{os.getpid()} {' '.join(sys.argv[1:])}\\n")
+descriptor = [int(a.split("=")[1]) for a in sys.argv if a.startswith("--requests=")]
+if descriptor:
+    requests = socket.socket(fileno=descriptor[0])
+    while True:
+        select.select([requests], [], [])
+        asked = requests.recv(1000).decode()
+        with open(os.environ["WORLD"] + "/asked", "a") as file:
+            file.write(asked + "\\n")
+select.select([], [], [])
+"""
+
+
+class Supervisor(unittest.TestCase):
+    program = None
+
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        self.world = pathlib.Path(directory.name)
+        for made in "bin", "libexec/prismo2", "root", "runtime":
+            (self.world / made).mkdir(parents=True)
+        shutil.copy(self.program, self.world / "bin/prismo2-settings")
+        self.be(WINDOW)
+        self.environment = {"PATH": os.environ["PATH"], "HOME": str(self.world / "home"), "WORLD": str(self.world),
+                            "XDG_RUNTIME_DIR": str(self.world / "runtime")}
+
+    def be(self, window):
+        path = self.world / "libexec/prismo2/backboardd"
+        path.write_text(window)
+        path.chmod(0o755)
+
+    def open(self, *arguments, root="root", **changes):
+        process = subprocess.Popen([self.world / "bin/prismo2-settings", "--root", self.world / root, *arguments],
+                                   env=self.environment | changes, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def lines(self, name):
+        path = self.world / name
+        return path.read_text().splitlines() if path.exists() else []
+
+    def windows(self, count=1):
+        """The process ids of all windows that were started, once there are so many."""
+        until(lambda: len(self.lines("started")) >= count, lambda: f"{count} windows: {self.lines('started')}")
+        return [int(line.split()[0]) for line in self.lines("started")]
+
+    def is_gone(self, process):
+        try:
+            return pathlib.Path(f"/proc/{process}/stat").read_text().rsplit(")", 1)[1].split()[0] == "Z"
+        except FileNotFoundError:
+            return True
+
+    def assert_ends(self, process, status, said=""):
+        self.assertEqual((process.wait(timeout=10), process.stderr.read()), (status, said))
+
+    # The window's process
+
+    def test_the_window_is_known_by_the_name_that_the_page_kills(self):
+        self.open()
+        [window] = self.windows()
+        self.assertEqual(pathlib.Path(f"/proc/{window}/comm").read_text(), "backboardd\n")
+
+    def test_the_window_is_told_the_options(self):
+        self.open("--style=dark")
+        self.windows()
+        self.assertRegex(self.lines("started")[0], rf"^\d+ --root {self.world}/root --style=dark --requests=\d+$")
+
+    def test_a_window_that_is_killed_by_its_name_comes_back(self):
+        supervisor = self.open()
+        [first] = self.windows()
+        namespace.kill_all("backboardd")
+        again = self.windows(2)[1]
+        self.assertTrue(self.is_gone(first))
+        self.assertFalse(self.is_gone(again))
+        self.assertIsNone(supervisor.poll())
+
+    def test_a_window_that_is_closed_ends_both(self):
+        self.be("#!/bin/sh\nexit 0\n")
+        self.assert_ends(self.open(), 0)
+
+    def test_a_window_that_fails_ends_both_with_its_status(self):
+        self.be("#!/bin/sh\necho no display >&2; exit 1\n")
+        self.assert_ends(self.open(), 1, "no display\n")
+
+    def test_a_window_that_keeps_dying_is_given_up_with_the_reason(self):
+        self.be('#!/bin/sh\necho "$$" >> "$WORLD/started"; kill -SEGV $$\n')
+        self.assert_ends(self.open(), 1, "prismo2-settings: the window keeps dying: Segmentation fault, "
+                                         "4 times within 5 seconds\n")
+        self.assertEqual(len(self.windows()), 4)
+
+    def test_a_window_that_is_not_there_is_said_once(self):
+        window = self.world / "libexec/prismo2/backboardd"
+        window.unlink()
+        self.assert_ends(self.open(), 1, f"prismo2-settings: {window}: No such file or directory\n")
+
+    # The end
+
+    def test_a_supervisor_that_is_killed_takes_the_window_with_it(self):
+        supervisor = self.open()
+        [window] = self.windows()
+        supervisor.kill()
+        until(lambda: self.is_gone(window), "the end of the window")
+
+    def test_a_signal_to_end_ends_both(self):
+        for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
+            with self.subTest(number.name):
+                count = len(self.lines("started"))
+                supervisor = self.open()
+                window = self.windows(count + 1)[-1]
+                supervisor.send_signal(number)
+                self.assertEqual(supervisor.wait(timeout=10), 128 + number)
+                self.assertTrue(self.is_gone(window))
+
+    def test_a_window_that_does_not_end_when_asked_is_killed(self):
+        self.be('#!/bin/sh\ntrap "" TERM; echo "$$" >> "$WORLD/started"; while :; do sleep 1; done\n')
+        supervisor = self.open()
+        [window] = self.windows()
+        supervisor.terminate()
+        self.assertEqual(supervisor.wait(timeout=10), 128 + signal.SIGTERM)
+        self.assertTrue(self.is_gone(window))
+
+    # One window for each device root
+
+    def test_a_second_start_asks_the_first_window_to_come_to_the_front(self):
+        first = self.open()
+        self.windows()
+        self.assert_ends(self.open(XDG_ACTIVATION_TOKEN="a-token"), 0)
+        until(lambda: self.lines("asked") == ["a-token"], lambda: f"the request: {self.lines('asked')}")
+        self.assertEqual(len(self.windows()), 1)
+        self.assertIsNone(first.poll())
+
+    def test_a_root_is_the_same_by_any_name(self):
+        (self.world / "link").symlink_to("root")
+        self.open()
+        self.windows()
+        self.assert_ends(self.open(root="link"), 0)
+
+    def test_another_root_has_a_window_of_its_own(self):
+        (self.world / "other").mkdir()
+        self.open()
+        self.open(root="other")
+        self.assertEqual(len(self.windows(2)), 2)
+
+    def test_what_is_asked_while_the_window_restarts_is_not_lost(self):
+        supervisor = self.open()
+        [window] = self.windows()
+        os.kill(window, signal.SIGSTOP)
+        self.assert_ends(self.open(XDG_ACTIVATION_TOKEN="later"), 0)
+        os.kill(window, signal.SIGKILL)
+        until(lambda: self.lines("asked") == ["later"], lambda: f"the request: {self.lines('asked')}")
+        self.assertIsNone(supervisor.poll())
+
+    def test_of_many_at_once_one_opens_a_window(self):
+        started = [self.open() for _ in range(8)]
+        until(lambda: sum(process.poll() is None for process in started) == 1, "the end of all but one")
+        self.assertEqual([process.poll() for process in started if process.poll() is not None], [0] * 7)
+        self.assertEqual(len(self.windows()), 1)
+
+    def test_what_a_killed_one_left_behind_is_no_hindrance(self):
+        first = self.open()
+        [window] = self.windows()
+        first.kill()
+        first.wait()
+        until(lambda: self.is_gone(window), "the end of the window")
+        self.open()
+        self.assertEqual(len(self.windows(2)), 2)
+
+    def test_a_runtime_directory_with_a_long_name_will_do(self):
+        runtime = self.world / ("r" * 120)
+        runtime.mkdir()
+        self.open(XDG_RUNTIME_DIR=str(runtime))
+        self.windows()
+        self.assert_ends(self.open(XDG_RUNTIME_DIR=str(runtime)), 0)
+
+    def test_without_a_runtime_directory_the_state_directory_will_do(self):
+        self.open(XDG_RUNTIME_DIR="")
+        self.windows()
+        self.assert_ends(self.open(XDG_RUNTIME_DIR=""), 0)
+
+    def test_where_another_window_cannot_be_looked_for_one_opens(self):
+        (self.world / "file").touch()
+        supervisor = self.open(XDG_RUNTIME_DIR=str(self.world / "file"))
+        self.windows()
+        supervisor.terminate()
+        self.assertRegex(supervisor.communicate()[1], r"^prismo2-settings: another window is not looked for: .*file.*\n$")
+
+    def test_a_root_that_is_missing_is_for_the_window_to_say(self):
+        self.open(root="no-such-directory")
+        self.windows()
+        self.assertNotIn("--requests", self.lines("started")[0])
+
+    # Words
+
+    def ask(self, *arguments):
+        return subprocess.run([self.program, *arguments], env=self.environment, capture_output=True, text=True,
+                              timeout=10, check=False)
+
+    def test_a_wrong_word_is_one_line_and_status_2(self):
+        for arguments in ["--bad"], ["word"], ["--root"], ["--root="], ["--style", "blue"], ["--requests=3"]:
+            with self.subTest(arguments):
+                done = self.ask(*arguments)
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertRegex(done.stderr, r"^prismo2-settings: [^\n]*\n$")
+        self.assertEqual(self.lines("started"), [])
+
+    def test_help_and_version_need_no_display(self):
+        self.assertRegex(self.ask("--version").stdout, r"^prismo2-settings \d+\.\d+\.\d+\n$")
+        self.assertIn("--root DIR", self.ask("--help").stdout)
+
+    def test_help_that_cannot_be_printed_is_a_failure(self):
+        with open("/dev/full", "w") as full:
+            done = subprocess.run([self.program, "--help"], stdout=full, timeout=10, check=False)
+        self.assertEqual(done.returncode, 1)
+
+    def test_it_loads_no_toolkit(self):
+        loaded = subprocess.run(["ldd", self.program], capture_output=True, text=True, check=True).stdout
+        self.assertNotIn("Qt", loaded)
+
+
+if __name__ == "__main__":
+    namespace.enter()
+    Supervisor.program = os.path.abspath(sys.argv.pop(1))
+    unittest.main()

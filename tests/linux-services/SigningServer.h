@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/linux/accounts/Transfer.h"
+#include "platform/linux/UniqueFd.h"
+#include "tests/linux/Directories.h"
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <sys/types.h>
+
+namespace prismo {
+
+/// A second process that checks signatures with an implementation of its own, behind TLS.
+class SigningServer {
+  public:
+    /// The name that its certificate is for, without another.
+    static constexpr const char* host = "api.example.test";
+    /// What it accepts. Secrets have characters that must not stand in a signature's key as they are.
+    static AccountSecrets secrets();
+
+    /// Returns when it is listening. Its certificate is for `name`.
+    explicit SigningServer(std::string name = host);
+    ~SigningServer();
+    SigningServer(const SigningServer&) = delete;
+    SigningServer& operator=(const SigningServer&) = delete;
+
+    /// Trusts it, and finds it under its name or another.
+    TransferOptions options() const { return options(name_); }
+    TransferOptions options(const std::string& name) const;
+    /// The next request that came in. Throws where none comes in time.
+    nlohmann::json request() { return nlohmann::json::parse(line()); }
+    /// Has a request come in that `request` has not returned?
+    bool hasRequest();
+
+  private:
+    std::string line();
+    bool readMore(int patience);
+
+    TemporaryDirectory directory_;
+    std::string name_;
+    pid_t process_ = -1;
+    UniqueFd input_;
+    UniqueFd output_;
+    std::string read_;
+    std::string port_;
+};
+
+} // namespace prismo

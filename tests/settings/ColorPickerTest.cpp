@@ -1,0 +1,77 @@
+#include "settings/ColorPicker.h"
+#include "tests/settings/PhoneWorld.h"
+
+#include <QColor>
+#include <QTemporaryDir>
+
+namespace prismo::settings {
+namespace {
+
+struct ColorPickerTest : PhoneWorld {
+    ColorPickerTest() {
+        store({{"global_color", "#808080:1.000000"}});
+        openModule();
+        tap("Global Color");
+    }
+    ColorPicker& picker() { return dynamic_cast<ColorPicker&>(*phone.overlays()->top()); }
+};
+
+TEST_F(ColorPickerTest, OpensWithTheStoredColor) {
+    EXPECT_EQ(picker().startColor(), QColor("#808080"));
+    EXPECT_EQ(picker().hexText(), "#808080");
+    EXPECT_FALSE(picker().showsAlpha());
+}
+
+TEST_F(ColorPickerTest, StoresTheColorThatIsTyped) {
+    EXPECT_TRUE(picker().setHexText("3366FF"));
+    picker().accept();
+    settlePage();
+    EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#3366ff:1.000000");
+    EXPECT_EQ(role(row("Global Color"), "swatch").value<QColor>(), QColor("#3366ff"));
+}
+
+TEST_F(ColorPickerTest, TextThatIsNoColorChangesNothing) {
+    EXPECT_FALSE(picker().setHexText("#33"));
+    EXPECT_EQ(picker().hexText(), "#808080");
+}
+
+TEST_F(ColorPickerTest, HueOfAGreyIsKept) {
+    picker().setHSB(0.5, 0, 0.5);
+    EXPECT_EQ(picker().hue(), 0.5);
+    picker().setHSB(picker().hue(), 1, 1);
+    EXPECT_EQ(picker().color(), QColor("#00ffff"));
+}
+
+TEST_F(ColorPickerTest, DismissingStoresNothing) {
+    EXPECT_TRUE(picker().setHexText("3366FF"));
+    picker().dismiss();
+    settlePage();
+    EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#808080:1.000000");
+    EXPECT_TRUE(phone.recentColors()->texts().isEmpty());
+}
+
+TEST_F(ColorPickerTest, AcceptedColorIsARecentOne) {
+    EXPECT_TRUE(picker().setHexText("3366FF"));
+    picker().accept();
+    EXPECT_EQ(phone.recentColors()->texts(), QStringList{"#3366ff"});
+}
+
+TEST(RecentColorsTest, AreKeptInTheStateFileNewestFirst) {
+    const QTemporaryDir directory;
+    const auto file = directory.filePath("deeper/settings.ini");
+    RecentColors first(file);
+    for (const auto* text : {"#111111", "#222222", "#111111"})
+        first.add(text);
+    EXPECT_EQ(RecentColors(file).texts(), QStringList({"#111111", "#222222"}));
+}
+
+TEST(RecentColorsTest, AreEightAtMost) {
+    RecentColors colors("");
+    for (int i = 10; i < 30; ++i)
+        colors.add(QString("#0000%1").arg(i));
+    EXPECT_EQ(colors.texts().size(), 8);
+    EXPECT_EQ(colors.texts().first(), "#000029");
+}
+
+} // namespace
+} // namespace prismo::settings
