@@ -1,0 +1,70 @@
+#!/usr/bin/python3
+"""window.py BUILD: what the window of prismo2-settings takes, on a display of its own and drawn by software."""
+
+import contextlib
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+TREE = Path(__file__).resolve().parents[1]
+sys.path[:0] = [str(TREE / "tests/desktop"), str(TREE / "tests/cli")]
+
+from device import png  # noqa: E402
+from display import Display  # noqa: E402
+
+APPLICATIONS = 2000
+STARTS = 10
+PLIST = """<?xml version="1.0" encoding="UTF-8"?>
+<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>com.example.app{0}</string>
+<key>CFBundleDisplayName</key><string>{1} {0}</string><key>CFBundleExecutable</key><string>App</string>
+<key>CFBundleIconFiles</key><array><string>Icon</string></array></dict></plist>
+"""
+
+
+def install_applications(root):
+    for number in range(APPLICATIONS):
+        bundle = root / f"Applications/App{number}.app"
+        bundle.mkdir(parents=True)
+        (bundle / "Info.plist").write_text(PLIST.format(number, chr(ord("A") + number % 26) + "pplication"))
+        # No two icons are of one size and so none is shared.
+        (bundle / "Icon.png").write_bytes(png(40 + number % 50, 40 + number // 50))
+
+
+def row(what, value, unit, target):
+    verdict = "yes" if value <= target else "MISSED"
+    print(f"  {what:<50} {value:7.1f} {unit}   at most {target:g}: {verdict}")
+
+
+def main():
+    program = Path(sys.argv[1]).resolve() / "bench/window-bench"
+    with (contextlib.closing(Display(390, 780)) as display,
+          tempfile.TemporaryDirectory(prefix="prismo2-bench-") as scratch):
+        root = Path(scratch, "root")
+        install_applications(root)
+        os.mkdir(f"{scratch}/runtime", 0o700)
+        environment = dict(os.environ, HOME=scratch, XDG_RUNTIME_DIR=f"{scratch}/runtime", DISPLAY=display.name)
+
+        def measure(what, *arguments):
+            done = subprocess.run([program, what, root, *arguments], env=environment, text=True, check=True,
+                                  stdout=subprocess.PIPE)
+            return [float(line) for line in done.stdout.split()]
+
+        measure("start", "0")  # what is read once is read
+        starts = [measure("start", str(time.monotonic_ns())) for _ in range(STARTS)]
+        taps = measure("tap")
+        frames = measure("scroll")
+
+    print("The window, drawn by software under Xvfb")
+    row("start to first frame, median", statistics.median(start[0] for start in starts), "ms", 150)
+    row("tap on a switch to its redraw, median", statistics.median(taps), "ms", 100)
+    row("                               longest", max(taps), "ms", 100)
+    row(f"frame of a scroll, {APPLICATIONS} applications, median", statistics.median(frames), "ms", 33)
+    row("                                      longest", max(frames), "ms", 33)
+    row("memory with the page open", max(start[1] for start in starts), "MB", 120)
+
+
+main()
