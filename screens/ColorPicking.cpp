@@ -2,6 +2,7 @@
 
 #include "prefs/SettingsFile.h"
 #include "screens/Prismo2PrefsListController.h"
+#include "screens/PrismoColorCell.h"
 
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/Text.h"
@@ -12,10 +13,8 @@ namespace prismo {
 
 void Prismo2PrefsListController::chooseColor(const std::shared_ptr<PSSpecifier>& specifier) {
     const auto key = keyOf(*specifier, "prismo_key");
-    const auto& fallback = specifier->propertyForKey("prismo_dc");
     auto settings = loadSettings();
-    const auto startColor = SWKParseColorString(settingForKey(settings, key).text(),
-                                                fallback.isNothing() ? "#FFFFFF" : fallback.text());
+    const auto startColor = storedColor(settings, key, specifier->propertyForKey("prismo_dc"));
     const auto picker = SWColorAlert::colorAlertWithStartColor(startColor, false);
     // The file as it was when the picker opened is what the chosen colour is added to.
     picker->displayWithCompletion([settings, key](const UIColor& chosen) mutable {

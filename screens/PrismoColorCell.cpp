@@ -20,10 +20,11 @@ SettingsKey PrismoColorCell::prefKey() const {
 
 const Value& PrismoColorCell::defaultColorFB() const { return specifier()->propertyForKey("prismo_dc"); }
 
-UIColor PrismoColorCell::previewColor() {
-    const auto settings = loadSettings();
-    return SWKParseColorString(settingForKey(settings, prefKey()).text(),
-                               defaultColorFB().isNothing() ? "#FFFFFF" : defaultColorFB().text());
+UIColor PrismoColorCell::previewColor() { return storedColor(loadSettings(), prefKey(), defaultColorFB()); }
+
+UIColor storedColor(const Dictionary& settings, const SettingsKey& key, const Value& fallback) {
+    return SWKParseColorString(settingForKey(settings, key).text(),
+                               fallback.isNothing() ? "#FFFFFF" : fallback.text());
 }
 
 } // namespace prismo

@@ -20,4 +20,7 @@ class PrismoColorCell : public SWLiteColorCell {
     UIColor previewColor() override;
 };
 
+/// The colour that the settings hold under the key; else the fall-back text's, else white.
+UIColor storedColor(const Dictionary& settings, const SettingsKey& key, const Value& fallback);
+
 } // namespace prismo
