@@ -10,6 +10,8 @@ namespace prismo {
 void CFNotificationCenter::addObserver(const std::shared_ptr<NSObject>& observer, Callback callback,
                                        std::string name, SuspensionBehavior suspensionBehavior) {
     device_.observeNotification(name);
+    // Here, since pages that come and go observe what may never be posted.
+    std::erase_if(observers_, [](const Observer& known) { return known.object.expired(); });
     observers_.push_back({observer, callback, std::move(name), suspensionBehavior});
 }
 
@@ -18,7 +20,6 @@ void CFNotificationCenter::postNotification(const std::string& name, std::string
 }
 
 void CFNotificationCenter::deliver(std::string_view name) {
-    std::erase_if(observers_, [](const Observer& observer) { return observer.object.expired(); });
     std::vector<Observer> due;
     for (auto& observer : observers_) {
         if (observer.name != name) continue;

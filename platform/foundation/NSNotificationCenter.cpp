@@ -6,11 +6,12 @@ namespace prismo {
 
 void NSNotificationCenter::addObserver(const std::shared_ptr<NSObject>& observer, std::string selector,
                                        std::string name, const std::shared_ptr<NSObject>& object) {
+    // Here, since objects that come and go, such as cells, observe what may never be posted.
+    std::erase_if(observers_, [](const Observer& known) { return known.message.target.expired(); });
     observers_.push_back({{observer, std::move(selector)}, std::move(name), object, object == nullptr});
 }
 
 void NSNotificationCenter::postNotification(std::string_view name, const std::shared_ptr<NSObject>& object) {
-    std::erase_if(observers_, [](const Observer& observer) { return observer.message.target.expired(); });
     // On a copy: an observer may register another one.
     for (const auto& observer : std::vector(observers_)) {
         if (observer.name != name) continue;
