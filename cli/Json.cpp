@@ -18,26 +18,6 @@ ordered_json textOrNull(const std::string& text) {
     return text.empty() ? ordered_json() : ordered_json(text);
 }
 
-const char* cellName(PSCellType type) {
-    switch (type) {
-    case PSCellType::group:
-        return "group";
-    case PSCellType::link:
-        return "link";
-    case PSCellType::linkList:
-        return "linkList";
-    case PSCellType::listItem:
-        return "listItem";
-    case PSCellType::switchCell:
-        return "switch";
-    case PSCellType::segment:
-        return "segment";
-    case PSCellType::button:
-        return "button";
-    }
-    return "";
-}
-
 /// JSON escapes the control characters below U+0020 only; U+007F to U+009F drive a terminal too.
 std::string withoutControls(const std::string& text) {
     std::string result;
@@ -121,7 +101,7 @@ ordered_json json(PSSpecifier& row, std::size_t index) {
     const auto* detail = row.detailControllerClass();
     return {
         {"index", index},
-        {"cell", cellName(row.cellType())},
+        {"cell", cellTypeName(row.cellType())},
         {"name", row.name()},
         {"identifier", textOrNull(row.identifier())},
         {"setter", textOrNull(row.setter())},

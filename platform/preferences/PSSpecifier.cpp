@@ -4,6 +4,26 @@
 
 namespace prismo {
 
+const char* cellTypeName(PSCellType type) {
+    switch (type) {
+    case PSCellType::group:
+        return "group";
+    case PSCellType::link:
+        return "link";
+    case PSCellType::linkList:
+        return "linkList";
+    case PSCellType::listItem:
+        return "listItem";
+    case PSCellType::switchCell:
+        return "switch";
+    case PSCellType::segment:
+        return "segment";
+    case PSCellType::button:
+        return "button";
+    }
+    return "";
+}
+
 const Class& PSSpecifier::classObject() {
     static const Class objectClass("PSSpecifier", &NSObject::classObject(),
                                    [] { return std::make_shared<PSSpecifier>(); });

@@ -23,6 +23,9 @@ enum class PSCellType {
     button = 13,
 };
 
+/// "group", "link", "linkList", "listItem", "switch", "segment" or "button".
+const char* cellTypeName(PSCellType type);
+
 /// Titles by the value that they stand for, in the order in which they are offered.
 using PSTitles = std::vector<std::pair<Value, std::string>>;
 

@@ -12,26 +12,6 @@ namespace {
 
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
-std::string cellTypeText(PSCellType type) {
-    switch (type) {
-    case PSCellType::group:
-        return "group";
-    case PSCellType::link:
-        return "link";
-    case PSCellType::linkList:
-        return "linkList";
-    case PSCellType::listItem:
-        return "listItem";
-    case PSCellType::switchCell:
-        return "switch";
-    case PSCellType::segment:
-        return "segment";
-    case PSCellType::button:
-        return "button";
-    }
-    throw std::logic_error("a cell type without a name");
-}
-
 std::string titlesText(const PSTitles& titles) {
     std::string result = "{";
     for (const auto& [value, title] : titles)
@@ -56,7 +36,7 @@ std::string valueText(const Value& value) {
 }
 
 std::string rowText(const PSSpecifier& row) {
-    auto text = cellTypeText(row.cellType()) + ' ' + quoted(row.name());
+    auto text = std::string(cellTypeName(row.cellType())) + ' ' + quoted(row.name());
     const auto add = [&](const char* name, const std::string& content) {
         if (!content.empty()) text += std::string(" ") + name + '=' + content;
     };
