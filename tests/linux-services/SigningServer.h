@@ -1,12 +1,11 @@
 #pragma once
 
 #include "platform/linux/accounts/Transfer.h"
-#include "platform/linux/UniqueFd.h"
 #include "tests/linux/Directories.h"
+#include "tests/linux/PipedProcess.h"
 
 #include <nlohmann/json.hpp>
 #include <string>
-#include <sys/types.h>
 
 namespace prismo {
 
@@ -20,28 +19,19 @@ class SigningServer {
 
     /// Returns when it is listening. Its certificate is for `name`.
     explicit SigningServer(std::string name = host);
-    ~SigningServer();
-    SigningServer(const SigningServer&) = delete;
-    SigningServer& operator=(const SigningServer&) = delete;
 
     /// Trusts it, and finds it under its name or another.
     TransferOptions options() const { return options(name_); }
     TransferOptions options(const std::string& name) const;
     /// The next request that came in. Throws where none comes in time.
-    nlohmann::json request() { return nlohmann::json::parse(line()); }
+    nlohmann::json request() { return nlohmann::json::parse(process_.line()); }
     /// Has a request come in that `request` has not returned?
-    bool hasRequest();
+    bool hasRequest() { return process_.hasLine(); }
 
   private:
-    std::string line();
-    bool readMore(int patience);
-
     TemporaryDirectory directory_;
     std::string name_;
-    pid_t process_ = -1;
-    UniqueFd input_;
-    UniqueFd output_;
-    std::string read_;
+    PipedProcess process_;
     std::string port_;
 };
 
