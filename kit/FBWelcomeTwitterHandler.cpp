@@ -15,8 +15,8 @@ constexpr const char* handlerKey = "show";
 constexpr const char* accountsKey = "description";
 
 constexpr const char* invitation = "Hey there! Thanks for installing my tweak! If you'd like to follow me on "
-                                   "Twitter for more updates, tweak "
-                                   "giveaways and other cool stuff, hit the button below!";
+                                   "Twitter for more updates, tweak giveaways and other cool stuff, hit "
+                                   "the button below!";
 
 void onMainThread(std::function<void()> block) { Device::current().runLoop().perform(std::move(block)); }
 

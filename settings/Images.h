@@ -9,8 +9,7 @@ namespace prismo::settings {
 
 /// The framework's images for QML, under "image://device/". An image has one address for the same content, so
 /// that a row which is built anew does not flicker. With "/icon" after it, with the round corners of an icon;
-/// with
-/// "/rrggbb", its shape in that colour.
+/// with "/rrggbb", its shape in that colour.
 class Images : public QQuickImageProvider {
   public:
     Images();

@@ -2,12 +2,14 @@
 
 #include "platform/foundation/Value.h"
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace prismo {

@@ -203,7 +203,7 @@ class Device {
     Companions companions() const { return companions_; }
 
     /// Called for each effect, after it, on the thread that had it. One observer at a time; an empty one ends
-    /// it.
+    /// it. It is called for one effect at a time, so it must not have an effect itself.
     void setEffectObserver(std::function<void(const Effect&)> observer);
     /// Called for each file problem, as it occurs. One observer at a time; an empty one ends it.
     void setProblemObserver(std::function<void(const FileProblem&)> observer) {

@@ -29,17 +29,17 @@ class NotifyDirectory {
     /// 0, or the error number: EINVAL for what is no notification's name, else what the kernel said.
     int post(const std::string& name);
     /// From now on `read` delivers posts of `name`. The file is made where that can be done; this is no post.
-    /// 0, or the error number, as for `post`; EMFILE and ENOSPC
-    /// where the user's inotify limits are reached. May be asked again, also to try once more.
+    /// 0, or the error number, as for `post`; EMFILE and ENOSPC where the user's inotify limits are reached.
+    /// May be asked again, also to try once more.
     int observe(const std::string& name);
 
     /// Can be read when `read` has something to do. Negative until an observation got as far as having one.
     int descriptor() const { return inotify_.get(); }
     /// Delivers each observed name once that was posted from the last time until now, in the order of
-    /// arrival; posts that come meanwhile wait for the next time, however fast they come. All of
-    /// them when posts may have been missed: after an overflow of the kernel's queue (it keeps 16,384 events)
-    /// and after the directory was removed or replaced, which begins a new one. 0, or the error number where
-    /// that fails; then nothing more may arrive until an observation succeeds.
+    /// arrival; posts that come meanwhile wait for the next time, however fast they come. All of them when
+    /// posts may have been missed: after an overflow of the kernel's queue (it keeps 16,384 events) and after
+    /// the directory was removed or replaced, which begins a new one. 0, or the error number where that
+    /// fails; then nothing more may arrive until an observation succeeds.
     ///
     /// Where `deliver` reads in its turn, that inner call goes on with what is left, and the outer one does
     /// not repeat it. The descriptor says nothing of what is left: see `hasMore`.

@@ -36,8 +36,7 @@ enum class Verdict {
     safe,
     malformed,
     /// It was in order as far as it was looked at, which is to the first limit that it goes beyond. Of what
-    /// is
-    /// too long, only the depth of its beginning is judged.
+    /// is too long, only the depth of its beginning is judged.
     beyondLimits,
 };
 
