@@ -1,15 +1,20 @@
 // window-bench WHAT ROOT [SINCE]: what the window takes, one number on each line.
 //
-//   start ROOT SINCE   milliseconds from SINCE, a time of the steady clock in nanoseconds, to the first
-//   frame; then its
-//                      memory in megabytes with the page open
-//   tap ROOT           milliseconds from a tap on the page's first switch to the frame that shows it, ten
-//   times scroll ROOT        milliseconds for each frame while the application picker scrolls from end to end
+// start ROOT SINCE: milliseconds from SINCE, a time of the steady clock in nanoseconds, to the first frame;
+// then its memory in megabytes with the page open.
+//
+// tap ROOT: milliseconds from a tap on the page's first switch to the frame that shows it, ten times.
+//
+// scroll ROOT: milliseconds for each frame while the application picker scrolls from end to end.
+//
+// supervised ROOT: a window under its supervisor. Each time that it has come up, the process and the time of
+// its first frame, as that of `start`; until it is ended.
 
 #include "settings/Options.h"
 #include "settings/Page.h"
 #include "settings/Phone.h"
 #include "settings/Session.h"
+#include "settings/supervisor/Supervisor.h"
 
 #include <chrono>
 #include <cstdio>
@@ -20,6 +25,7 @@
 #include <QQuickWindow>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -152,6 +158,11 @@ void run(const std::string& what, const std::string& root, const std::string& si
             std::printf("%.2f\n", bench.tap());
             bench.settle();
         }
+    } else if (what == "supervisedWindow") {
+        std::printf("%d\n%lld\n", static_cast<int>(::getpid()),
+                    static_cast<long long>(Clock::now().time_since_epoch() / std::chrono::nanoseconds(1)));
+        std::fflush(stdout);
+        QGuiApplication::exec();
     } else if (what == "scroll") {
         bench.openApplications();
         bench.scroll();
@@ -162,6 +173,8 @@ void run(const std::string& what, const std::string& root, const std::string& si
 
 int main(int argc, char** argv) {
     if (argc < 3) return 2;
+    if (argv[1] == std::string("supervised"))
+        return Supervisor({"/proc/self/exe", {"supervisedWindow", argv[2]}}).run();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     int noArguments = 1;
     const QGuiApplication application(noArguments, argv);
