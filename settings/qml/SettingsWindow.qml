@@ -22,6 +22,12 @@ Window {
     Binding {
         target: Theme
         property: "dark"
-        value: window.style === "dark" || (window.style === "system" && desktop.window.hslLightness < 0.5)
+        value: {
+            if (window.style !== "system")
+                return window.style === "dark";
+            if (DesktopStyle.scheme !== DesktopStyle.NoPreference)
+                return DesktopStyle.scheme === DesktopStyle.Dark;
+            return desktop.window.hslLightness < 0.5;
+        }
     }
 }
