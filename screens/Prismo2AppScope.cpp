@@ -33,6 +33,10 @@ bool Prismo2AppScope::initForContentSize(CGSize size) {
     return true;
 }
 
+void Prismo2AppScope::didMoveToParentViewController(const std::shared_ptr<UIViewController>& parent) {
+    if (!parent) setPDataSource(nullptr);
+}
+
 CGSize Prismo2AppScope::contentSize() const { return pTableView_ ? pTableView_->frame().size : CGSize{}; }
 
 void Prismo2AppScope::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {

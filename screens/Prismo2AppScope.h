@@ -22,10 +22,11 @@ class Prismo2AppScope : public PSViewController, public UITableViewDelegate {
 
     std::string title() const override { return "Select App"; }
     std::shared_ptr<UIView> view() override { return pTableView_; }
+    void didMoveToParentViewController(const std::shared_ptr<UIViewController>& parent) override;
     const std::shared_ptr<UITableView>& table() const { return pTableView_; }
     const std::shared_ptr<UITableView>& pTableView() const { return pTableView_; }
     void setPTableView(std::shared_ptr<UITableView> table) { assign(pTableView_, std::move(table)); }
-    /// It holds this page in turn; whoever ends the page breaks that link.
+    /// It holds this page in turn, until the page leaves its stack.
     const std::shared_ptr<ALApplicationTableDataSource>& pDataSource() const { return pDataSource_; }
     void setPDataSource(std::shared_ptr<ALApplicationTableDataSource> dataSource) {
         assign(pDataSource_, std::move(dataSource));

@@ -51,6 +51,11 @@ void Prismo2PrefsListController::viewWillAppear(bool animated) {
     PSListController::viewWillAppear(animated);
 }
 
+void Prismo2PrefsListController::didMoveToParentViewController(
+    const std::shared_ptr<UIViewController>& parent) {
+    if (!parent) setStatusAlert(nullptr);
+}
+
 std::shared_ptr<UITableViewCell>
 Prismo2PrefsListController::tableViewCellForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) {
     auto cell = PSListController::tableViewCellForRowAtIndexPath(table, indexPath);

@@ -25,7 +25,7 @@ class Prismo2PrefsListController : public PSListController {
     void setScopeId(std::optional<std::string> scopeId) { assign(scopeId_, std::move(scopeId)); }
 
     /// The banner that offers a restart of the user interface after a change; null before the view is loaded.
-    /// It keeps this page alive, as its target: whoever ends the page clears it.
+    /// It keeps this page alive, as its target, until the page leaves its stack.
     const std::shared_ptr<SWStatusBarAlert>& statusAlert() const { return statusAlert_; }
     void setStatusAlert(std::shared_ptr<SWStatusBarAlert> alert) { assign(statusAlert_, std::move(alert)); }
 
@@ -34,6 +34,7 @@ class Prismo2PrefsListController : public PSListController {
     /// Makes the banner, once, and observes the change notification, once more at each call.
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
+    void didMoveToParentViewController(const std::shared_ptr<UIViewController>& parent) override;
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
                                                                     NSIndexPath indexPath) override;
 

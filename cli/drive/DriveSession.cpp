@@ -1,10 +1,6 @@
 #include "cli/drive/DriveSession.h"
 
 #include "cli/Command.h"
-#include "cli/RowValue.h"
-#include "screens/Prismo2AppScope.h"
-
-#include "platform/uikit/UIApplication.h"
 
 #include <algorithm>
 #include <charconv>
@@ -63,13 +59,6 @@ DriveSession::DriveSession(Host& host) : host_(host), root_(host.makePage()) {
     settle();
 }
 
-DriveSession::~DriveSession() {
-    // The banner and its page keep each other alive.
-    root_->setStatusAlert(nullptr);
-    navigation_->popToViewController(root_, false);
-    letGoOfClosedPages();
-}
-
 void DriveSession::settle() {
     // What a callback queues is due on the next turn. A page that observes what it posts would go on for
     // ever.
@@ -79,17 +68,6 @@ void DriveSession::settle() {
     do {
         loop.run(Seconds::zero());
     } while (++turns < mostTurns && loop.nextDeadline().value_or(RunLoop::Time::max()) <= loop.now());
-    letGoOfClosedPages();
-}
-
-void DriveSession::letGoOfClosedPages() {
-    const auto& stack = navigation_->viewControllers();
-    for (const auto& page : opened_) {
-        const auto picker = std::dynamic_pointer_cast<Prismo2AppScope>(page);
-        // The picker and its data source keep each other alive.
-        if (picker && std::ranges::find(stack, page) == stack.end()) picker->setPDataSource(nullptr);
-    }
-    opened_ = stack;
 }
 
 nlohmann::ordered_json DriveSession::play(const Words& words) {
@@ -132,11 +110,8 @@ std::shared_ptr<PSSpecifier> DriveSession::row(const std::string& name) const {
     return found;
 }
 
-void DriveSession::select(PSListController& page, const PSSpecifier& row) {
-    const auto rows = page.rows();
-    const auto at = std::ranges::find(*rows, &row, &std::shared_ptr<PSSpecifier>::get);
-    if (const auto position = page.indexPathForIndex(static_cast<std::size_t>(at - rows->begin())))
-        page.tableViewDidSelectRowAtIndexPath(*page.table(), *position);
+void DriveSession::tapRow(PSListController& page, const PSSpecifier& row) {
+    if (const auto position = page.indexPathForSpecifier(row)) page.tapRow(*position);
 }
 
 } // namespace prismo::cli

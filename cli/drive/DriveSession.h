@@ -17,7 +17,6 @@ namespace prismo::cli {
 class DriveSession {
   public:
     explicit DriveSession(Host& host);
-    ~DriveSession();
     DriveSession(const DriveSession&) = delete;
     DriveSession& operator=(const DriveSession&) = delete;
 
@@ -66,17 +65,15 @@ class DriveSession {
 
     /// Lets arrive what is under way.
     void settle();
-    void letGoOfClosedPages();
     std::shared_ptr<PSListController> topPage() const;
     /// The table of the application picker; null where another page is on top.
     std::shared_ptr<UITableView> pickerTable() const;
     /// The row that a line names: by identifier, by name or as #N. Never a group row or a disabled one.
     std::shared_ptr<PSSpecifier> row(const std::string& name) const;
-    void select(PSListController& page, const PSSpecifier& row);
+    static void tapRow(PSListController& page, const PSSpecifier& row);
 
     Host& host_;
     std::shared_ptr<Prismo2PrefsListController> root_;
-    std::vector<std::shared_ptr<UIViewController>> opened_;
     std::shared_ptr<UINavigationController> navigation_ = std::make_shared<UINavigationController>();
     std::shared_ptr<UISplitViewController> split_ = std::make_shared<UISplitViewController>();
 };

@@ -10,6 +10,11 @@ const Class& UINavigationController::classObject() {
     return objectClass;
 }
 
+UINavigationController::~UINavigationController() {
+    for (const auto& page : viewControllers_)
+        page->didMoveToParentViewController(nullptr);
+}
+
 std::shared_ptr<UIViewController> UINavigationController::topViewController() const {
     return viewControllers_.empty() ? nullptr : viewControllers_.back();
 }
@@ -25,6 +30,7 @@ void UINavigationController::pushViewController(const std::shared_ptr<UIViewCont
     changed();
     if (covered) covered->viewDidDisappear(animated);
     page->viewDidAppear(animated);
+    page->didMoveToParentViewController(page->navigationController());
 }
 
 void UINavigationController::popViewController(bool animated) {
@@ -52,6 +58,8 @@ void UINavigationController::popToViewController(const std::shared_ptr<UIViewCon
     changed();
     left->viewDidDisappear(animated);
     kept->viewDidAppear(animated);
+    for (const auto& former : gone)
+        if (!former->navigationController()) former->didMoveToParentViewController(nullptr);
 }
 
 } // namespace prismo

@@ -9,11 +9,12 @@
 namespace prismo {
 
 /// A stack of pages, the root first; the last one is on screen. Pages are kept alive while they are on it,
-/// and are told as they come and go.
+/// and are told as they come and go, at the latest when the stack goes.
 class UINavigationController : public UIViewController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
+    ~UINavigationController() override;
 
     const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const { return viewControllers_; }
     /// The page on screen, or null.

@@ -44,6 +44,9 @@ class UIViewController : public NSObject, public Observable {
     virtual void viewDidAppear(bool /*animated*/) {}
     virtual void viewWillDisappear(bool /*animated*/) {}
     virtual void viewDidDisappear(bool /*animated*/) {}
+    /// The page has come into a container; or, where that is null, it has left one for good, and lets go of
+    /// what would keep it alive.
+    virtual void didMoveToParentViewController(const std::shared_ptr<UIViewController>& /*parent*/) {}
 
     /// The navigation controller whose stack holds this page, if any.
     std::shared_ptr<UINavigationController> navigationController() const {

@@ -15,7 +15,8 @@ struct AppScopePickerTest : World {
                                 userApp("com.example.alpha", "Alpha")});
     }
     ~AppScopePickerTest() override {
-        if (picker && picker->table()) dataSource().setRootController(nullptr);
+        // A picker that was on no stack has not left one.
+        if (picker) picker->setPDataSource(nullptr);
     }
 
     void open(CGSize size = {320, 480}) {

@@ -263,9 +263,20 @@ TEST_F(RootPageLifeTest, PositionWithoutARowHasNoCell) {
     EXPECT_EQ(page->tableViewCellForRowAtIndexPath(*page->table(), {99, 0}), nullptr);
 }
 
+TEST_F(RootPageLifeTest, PageEndsOnceItHasLeftItsStackAndItsBannerIsGone) {
+    show();
+    const std::weak_ptr<Prismo2PrefsListController> watched = page;
+    postChange();
+    runFor(1);
+    page = nullptr;
+    navigation = nullptr;
+    EXPECT_FALSE(watched.expired()) << "the banner is still there to be tapped";
+    runFor(10);
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(RootPageLifeTest, ReleasedPageIsNotRebuilt) {
     show();
-    page->setStatusAlert(nullptr);
     navigation = nullptr;
     page = nullptr;
     postChange();

@@ -92,6 +92,41 @@ TEST_F(UINavigationControllerTest, PopGoesBackToTheCoveredPage) {
     EXPECT_EQ(b->navigationController(), nullptr);
 }
 
+/// Counts how often it was told that it has left for good.
+class Leaver : public UIViewController {
+  public:
+    explicit Leaver(int& farewells) : farewells_(farewells) {}
+    void didMoveToParentViewController(const std::shared_ptr<UIViewController>& parent) override {
+        if (!parent) ++farewells_;
+        isInside = parent && parent == navigationController();
+    }
+    bool isInside = false;
+
+  private:
+    int& farewells_;
+};
+
+TEST_F(UINavigationControllerTest, PageIsToldThatItHasComeAndThatItHasLeftForGood) {
+    int farewells = 0;
+    const auto leaver = std::make_shared<Leaver>(farewells);
+    push(a);
+    navigation->pushViewController(leaver, false);
+    EXPECT_TRUE(leaver->isInside);
+    push(b);
+    EXPECT_EQ(farewells, 0) << "it is covered, and comes back";
+    navigation->popToViewController(a, false);
+    EXPECT_EQ(farewells, 1);
+    EXPECT_FALSE(leaver->isInside);
+}
+
+TEST_F(UINavigationControllerTest, PagesHaveLeftWhenTheStackGoes) {
+    int farewells = 0;
+    navigation->pushViewController(std::make_shared<Leaver>(farewells), false);
+    navigation->pushViewController(std::make_shared<Leaver>(farewells), false);
+    navigation.reset();
+    EXPECT_EQ(farewells, 2);
+}
+
 TEST_F(UINavigationControllerTest, RootPageIsNotPopped) {
     push(a);
     calls.clear();

@@ -50,10 +50,37 @@ TEST_F(PageStackTest, BarHasTheTintThatTheKitSets) {
 
 TEST_F(PageStackTest, BarWithoutATintHasTheWindowsOwn) {
     FBSetPrefsTint(module(), UIColor{1, 0, 0, 1});
+    settle();
+    ASSERT_TRUE(phone.property("tint").value<QColor>().isValid());
     FBResetPrefsTint(module());
     settle();
     EXPECT_FALSE(phone.property("tint").value<QColor>().isValid());
     EXPECT_FALSE(top().property("tint").value<QColor>().isValid());
+}
+
+TEST_F(PageStackTest, RightButtonIsNamed) { EXPECT_EQ(top().property("rightLabel"), "Share"); }
+
+TEST_F(PageStackTest, PageThatWasLeftShowsNoBanner) {
+    phone.back();
+    settlePage();
+    tap("Prismo 2");
+    phone.back();
+    settlePage();
+    tap("Prismo 2");
+    device.postNotification(changeNotification);
+    settlePage();
+    EXPECT_EQ(phone.banners().size(), 1);
+}
+
+TEST_F(PageStackTest, OpenChooserShowsAChangeThatCameFromOutside) {
+    tap("Keyboard Enabled");
+    ASSERT_EQ(phone.pages()->depth(), 3);
+    EXPECT_TRUE(role(row("Global"), "isChecked").toBool());
+    store({{"keyboard_color_type", 2}});
+    device.postNotification(changeNotification);
+    settlePage();
+    EXPECT_FALSE(role(row("Global"), "isChecked").toBool());
+    EXPECT_TRUE(role(row("Custom"), "isChecked").toBool());
 }
 
 TEST_F(PageStackTest, RightButtonOpensTheSheet) {

@@ -10,7 +10,6 @@
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 #include <QString>
-#include <set>
 #include <string>
 
 namespace prismo::settings {
@@ -19,10 +18,6 @@ namespace prismo::settings {
 /// device's: what happens in the window happens when its events are handled, which `settle` does.
 struct PhoneWorld : World {
     PhoneWorld() { phone.open(firstPage()); }
-    ~PhoneWorld() override {
-        for (const auto& shown : wasOnStack_)
-            release(shown);
-    }
 
     std::shared_ptr<UIViewController> firstPage() {
         return BundleListController::initWithEntries(
@@ -37,8 +32,6 @@ struct PhoneWorld : World {
         for (int i = 0; i < turns; ++i) {
             QCoreApplication::processEvents();
             runFor(0);
-            for (const auto& shown : phone.navigation().viewControllers())
-                wasOnStack_.insert(shown);
         }
     }
     /// Lets the time pass that a page takes to settle after a change.
@@ -72,18 +65,6 @@ struct PhoneWorld : World {
     }
 
     Phone phone{{"/the/root", ""}};
-
-  private:
-    // The banner and its page keep each other alive, and so do the picker and its data source.
-    static void release(const std::shared_ptr<UIViewController>& shown) {
-        if (const auto root = std::dynamic_pointer_cast<Prismo2PrefsListController>(shown))
-            root->setStatusAlert(nullptr);
-        if (const auto picker = std::dynamic_pointer_cast<Prismo2AppScope>(shown))
-            picker->setPDataSource(nullptr);
-    }
-
-    /// All pages that were on the stack.
-    std::set<std::shared_ptr<UIViewController>> wasOnStack_;
 };
 
 } // namespace prismo::settings

@@ -51,12 +51,9 @@ struct World : MemoryWorld {
     }
     /// Taps a row of a page that is on screen.
     static void tap(PSListController& shown, const PSSpecifier& row) {
-        const auto rows = shown.rows();
-        const auto found = std::ranges::find(*rows, &row, &std::shared_ptr<PSSpecifier>::get);
-        const auto index = static_cast<std::size_t>(found - rows->begin());
-        const auto position = shown.indexPathForIndex(index);
+        const auto position = shown.indexPathForSpecifier(row);
         if (!position) throw std::logic_error("no row to tap");
-        shown.tableViewDidSelectRowAtIndexPath(*shown.table(), *position);
+        shown.tapRow(*position);
     }
 
     /// The page's first row of that name that is no group. The test fails where there is none.
