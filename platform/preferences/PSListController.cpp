@@ -65,6 +65,12 @@ std::optional<NSIndexPath> PSListController::indexPathForIndex(std::size_t index
     return std::nullopt;
 }
 
+std::optional<NSIndexPath> PSListController::indexPathForSpecifier(const PSSpecifier& specifier) {
+    const auto list = rows();
+    const auto found = std::ranges::find(*list, &specifier, &std::shared_ptr<PSSpecifier>::get);
+    return indexPathForIndex(static_cast<std::size_t>(found - list->begin()));
+}
+
 std::shared_ptr<PSSpecifier> PSListController::specifierAtIndexPath(NSIndexPath indexPath) {
     const auto all = sections();
     if (indexPath.section >= all.size()) return nullptr;
@@ -109,6 +115,14 @@ void PSListController::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/, 
         specifier->performButtonAction();
     else if (specifier->detailControllerClass())
         openDetailPage(specifier);
+}
+
+void PSListController::tapRow(NSIndexPath indexPath) {
+    const auto specifier = specifierAtIndexPath(indexPath);
+    if (specifier && specifier->isEnabled() && specifier->cellType() == PSCellType::switchCell)
+        specifier->performSetterWithValue(!specifier->performGetter().boolValue());
+    else
+        tableViewDidSelectRowAtIndexPath(*table_, indexPath);
 }
 
 void PSListController::openDetailPage(const std::shared_ptr<PSSpecifier>& specifier) {

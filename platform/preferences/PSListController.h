@@ -36,6 +36,8 @@ class PSListController : public PSViewController, public UITableViewDataSource, 
 
     /// The position of the row at `index` of `rows`; nothing for a group row and beyond the end.
     std::optional<NSIndexPath> indexPathForIndex(std::size_t index);
+    /// The position of a row of this page; nothing for a group row and for another page's.
+    std::optional<NSIndexPath> indexPathForSpecifier(const PSSpecifier& specifier);
     /// The row at a position, or null.
     std::shared_ptr<PSSpecifier> specifierAtIndexPath(NSIndexPath indexPath);
     /// The group row of a section, or null.
@@ -49,6 +51,9 @@ class PSListController : public PSViewController, public UITableViewDataSource, 
     /// A tap on a row: a row with an action sends it, one with a detail page opens it. A disabled row does
     /// nothing.
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
+
+    /// A person has tapped the row there; called by the host. A switch is turned, any other row selected.
+    void tapRow(NSIndexPath indexPath);
 
     /// Makes the row's detail page and pushes it on this page's navigation controller.
     void openDetailPage(const std::shared_ptr<PSSpecifier>& specifier);

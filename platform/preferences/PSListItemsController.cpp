@@ -8,6 +8,12 @@ const Class& PSListItemsController::classObject() {
     return objectClass;
 }
 
+void PSListItemsController::viewDidLoad() {
+    PSListController::viewDidLoad();
+    if (const auto opener = parentController())
+        openerChanges_ = opener->observe([this] { table()->reloadData(); });
+}
+
 std::shared_ptr<PSSpecifierList> PSListItemsController::specifiers() {
     if (specifiers_) return specifiers_;
     specifiers_ = std::make_shared<PSSpecifierList>();

@@ -5,12 +5,14 @@
 namespace prismo {
 
 /// A page on which one of several values is chosen: one row for each, the chosen one marked. What is read and
-/// written is the value of the row that opened the page.
+/// written is the value of the row that opened the page, and the mark follows what the page of that row
+/// shows.
 class PSListItemsController : public PSListController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
+    void viewDidLoad() override;
     /// A row for each value of the row that opened the page.
     std::shared_ptr<PSSpecifierList> specifiers() override;
     /// Asks the target of the row that opened the page.
@@ -24,6 +26,9 @@ class PSListItemsController : public PSListController {
                                                                     NSIndexPath indexPath) override;
     /// Chooses the value of the tapped row.
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
+
+  private:
+    Subscription openerChanges_;
 };
 
 } // namespace prismo

@@ -105,6 +105,17 @@ TEST_F(PSListItemsControllerTest, ValueIsMarkedWhateverTheKindOfTheNumber) {
     EXPECT_EQ(checked(), (std::vector<std::string>{"One"}));
 }
 
+TEST_F(PSListItemsControllerTest, MarkFollowsThePageOfTheRowThatOpenedIt) {
+    const auto page = std::make_shared<PSListController>();
+    list->setParentController(page);
+    show();
+    EXPECT_EQ(checked(), (std::vector<std::string>{"Two"}));
+    holder->held = 3;
+    page->reloadSpecifiers();
+    EXPECT_EQ(checked(), (std::vector<std::string>{"Three"}));
+    EXPECT_EQ(list->asked, 1);
+}
+
 TEST_F(PSListItemsControllerTest, NothingIsMarkedWithoutAValue) {
     holder->held = {};
     show();
