@@ -89,8 +89,11 @@ void Instance::listen() {
 bool Instance::ask(const std::string& token) const {
     const UniqueFd socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const auto where = address(socketName());
-    return socket && ::sendto(socket.get(), token.data(), token.size(), MSG_NOSIGNAL,
-                              reinterpret_cast<const sockaddr*>(&where), sizeof where) >= 0;
+    if (!socket) return false;
+    // A queue that is full holds requests enough.
+    return ::sendto(socket.get(), token.data(), token.size(), MSG_NOSIGNAL,
+                    reinterpret_cast<const sockaddr*>(&where), sizeof where) >= 0 ||
+           errno == EAGAIN;
 }
 
 } // namespace prismo::settings

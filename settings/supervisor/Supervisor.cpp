@@ -23,11 +23,18 @@ constexpr std::chrono::seconds soon(5);
 // For a window that was asked to end and does not.
 constexpr timespec patience{2, 0};
 
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 sigset_t handledSignals() {
     sigset_t signals;
     sigemptyset(&signals);
-    for (const int signal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
-        sigaddset(&signals, signal);
+    sigaddset(&signals, SIGCHLD);
+    // What was to be ignored from the start, as by nohup, stays so.
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        if (!isIgnored(signal)) sigaddset(&signals, signal);
     return signals;
 }
 
@@ -36,6 +43,8 @@ sigset_t handledSignals() {
 Supervisor::Supervisor(Command command) : command_(std::move(command)) {}
 
 int Supervisor::run() {
+    // Where it was ignored, the end of the window would not be told.
+    ::signal(SIGCHLD, SIG_DFL);
     const auto signals = handledSignals();
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     start();
@@ -48,6 +57,8 @@ int Supervisor::run() {
             if (::waitpid(window_, &status, WNOHANG) != window_) continue;
             if (WIFEXITED(status)) return WEXITSTATUS(status);
             if (ending) return 128 + ending;
+            // Its own decision, about which it has said why: that there is no display, for instance.
+            if (WTERMSIG(status) == SIGABRT) return 1;
             if (keepsDying()) {
                 std::fprintf(stderr,
                              "prismo2-settings: the window keeps dying: %s, %zu times within %d seconds\n",

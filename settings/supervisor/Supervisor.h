@@ -9,7 +9,8 @@
 namespace prismo::settings {
 
 /// Keeps the window's process running: when that is killed, as by restarting the user interface, it is
-/// started again, until it keeps dying. The process ends with this one, however this one ends.
+/// started again, until it keeps dying. One that aborts is not. The process ends with this one, however this
+/// one ends.
 class Supervisor {
   public:
     struct Command {

@@ -52,9 +52,10 @@ class Supervisor(unittest.TestCase):
         path.write_text(window)
         path.chmod(0o755)
 
-    def open(self, *arguments, root="root", **changes):
+    def open(self, *arguments, root="root", ignored=None, **changes):
         process = subprocess.Popen([self.world / "bin/prismo2-settings", "--root", self.world / root, *arguments],
-                                   env=self.environment | changes, stderr=subprocess.PIPE, text=True)
+                                   env=self.environment | changes, stderr=subprocess.PIPE, text=True,
+                                   preexec_fn=lambda: ignored and signal.signal(ignored, signal.SIG_IGN))
         self.addCleanup(process.stderr.close)
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
@@ -113,6 +114,15 @@ class Supervisor(unittest.TestCase):
                                          "4 times within 5 seconds\n")
         self.assertEqual(len(self.windows()), 4)
 
+    def test_a_window_that_gives_up_is_not_started_again(self):
+        self.be('#!/bin/sh\necho "$$" >> "$WORLD/started"; echo no display >&2; kill -ABRT $$\n')
+        self.assert_ends(self.open(), 1, "no display\n")
+        self.assertEqual(len(self.windows()), 1)
+
+    def test_the_end_of_a_window_is_seen_where_such_ends_were_ignored(self):
+        self.be("#!/bin/sh\nexit 3\n")
+        self.assert_ends(self.open(ignored=signal.SIGCHLD), 3)
+
     def test_a_window_that_is_not_there_is_said_once(self):
         window = self.world / "libexec/prismo2/backboardd"
         window.unlink()
@@ -135,6 +145,16 @@ class Supervisor(unittest.TestCase):
                 supervisor.send_signal(number)
                 self.assertEqual(supervisor.wait(timeout=10), 128 + number)
                 self.assertTrue(self.is_gone(window))
+
+    def test_a_signal_that_is_to_be_ignored_ends_neither(self):
+        supervisor = self.open(ignored=signal.SIGHUP)
+        [window] = self.windows()
+        supervisor.send_signal(signal.SIGHUP)
+        with self.assertRaises(subprocess.TimeoutExpired):
+            supervisor.wait(timeout=0.3)
+        self.assertFalse(self.is_gone(window))
+        supervisor.terminate()
+        self.assertEqual(supervisor.wait(timeout=10), 128 + signal.SIGTERM)
 
     def test_a_window_that_does_not_end_when_asked_is_killed(self):
         self.be('#!/bin/sh\ntrap "" TERM; echo "$$" >> "$WORLD/started"; while :; do sleep 1; done\n')
@@ -174,6 +194,14 @@ class Supervisor(unittest.TestCase):
         os.kill(window, signal.SIGKILL)
         until(lambda: self.lines("asked") == ["later"], lambda: f"the request: {self.lines('asked')}")
         self.assertIsNone(supervisor.poll())
+
+    def test_however_many_ask_a_window_that_does_not_answer_none_opens_another(self):
+        self.open()
+        [window] = self.windows()
+        os.kill(window, signal.SIGSTOP)
+        for _ in range(15):
+            self.assert_ends(self.open(), 0)
+        self.assertEqual(len(self.windows()), 1)
 
     def test_of_many_at_once_one_opens_a_window(self):
         started = [self.open() for _ in range(8)]
