@@ -82,6 +82,8 @@ void QtDriver::watch(int fd, std::function<void()> readable) {
 void QtDriver::unwatch(int fd) {
     const auto watch = notifiers_.find(fd);
     if (watch == notifiers_.end()) return;
+    // What has arrived is not dispatched any more.
+    watch->second->setEnabled(false);
     // It may be the one that is calling.
     watch->second.release()->deleteLater();
     notifiers_.erase(watch);

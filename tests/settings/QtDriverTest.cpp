@@ -124,5 +124,26 @@ TEST_F(QtDriverTest, DescriptorThatIsNoLongerWatchedCallsNobody) {
     EXPECT_EQ(calls, 1);
 }
 
+TEST_F(QtDriverTest, UnwatchedDescriptorIsNotDispatchedThoughItWasReady) {
+    Pipe first;
+    Pipe second;
+    int calls = 0;
+    // Whichever is dispatched first ends the other.
+    driver.watch(first.ends[0], [&] {
+        ++calls;
+        driver.unwatch(first.ends[0]);
+        driver.unwatch(second.ends[0]);
+    });
+    driver.watch(second.ends[0], [&] {
+        ++calls;
+        driver.unwatch(first.ends[0]);
+        driver.unwatch(second.ends[0]);
+    });
+    first.write();
+    second.write();
+    loop.run(Seconds(0.005));
+    EXPECT_EQ(calls, 1);
+}
+
 } // namespace
 } // namespace prismo::settings
