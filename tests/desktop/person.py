@@ -3,17 +3,20 @@
 import contextlib
 import os
 import subprocess
+import tempfile
 import warnings
 
 from waiting import until
 
 
 class SessionBus:
-    """A session bus of its own, with the accessibility bus that it starts."""
+    """A session bus of its own, with the accessibility bus that it starts: its socket would replace another's."""
 
     def __init__(self):
+        self.files = tempfile.TemporaryDirectory()
+        environment = dict(os.environ, HOME=self.files.name, XDG_RUNTIME_DIR=self.files.name)
         self.daemon = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
-                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+                                       env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         self.address = self.daemon.stdout.readline().strip()
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.address
 
@@ -21,6 +24,7 @@ class SessionBus:
         self.daemon.terminate()
         self.daemon.wait()
         self.daemon.stdout.close()
+        self.files.cleanup()
 
 
 class Person:
