@@ -24,6 +24,7 @@ void FBAddTwitterShareButton(const std::shared_ptr<UIViewController>& controller
     const auto item = std::make_shared<FBBarButtonItem>();
     item->initWithImage(std::move(image), UIBarButtonItemStyle::plain,
                         FBTwitterShareHandler::sharedInstance(), "shareTapped:");
+    item->setAccessibilityLabel("Share");
     // Nothing behind the image, where the system would draw a border.
     const auto background = transparentImage();
     item->setContainer(controller);

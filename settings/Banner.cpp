@@ -39,9 +39,7 @@ QRectF Banner::frame() const {
 
 void Banner::tap() {
     taps_.add([button = button_] {
-        // A view that is on its way out takes no taps.
-        if (!button->isHidden() && button->superview() && button->alpha() > 0)
-            button->sendActionsForControlEvents(UIControlEventTouchUpInside);
+        if (button->takesTouches()) button->sendActionsForControlEvents(UIControlEventTouchUpInside);
     });
 }
 

@@ -29,6 +29,7 @@ void Page::look() {
     title_ = QString::fromStdString(controller_->title());
     hasRightButton_ = button != nullptr;
     rightImage_ = button ? Images::address(button->image()) : QString();
+    rightLabel_ = button ? QString::fromStdString(button->accessibilityLabel()) : QString();
     tint_ = toQColor(controller_->view()->tintColor());
     const auto& appearance =
         UIApplication::sharedApplication()->appearanceWhenContainedIn(controller_->isa());

@@ -19,6 +19,8 @@ class Page : public QObject {
     Q_PROPERTY(bool hasRightButton MEMBER hasRightButton_ NOTIFY changed)
     /// "" where the button has no image that can be shown.
     Q_PROPERTY(QString rightImage MEMBER rightImage_ NOTIFY changed)
+    /// What stands for that image.
+    Q_PROPERTY(QString rightLabel MEMBER rightLabel_ NOTIFY changed)
     // An invalid colour stands for the window's own.
     Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY changed)
     Q_PROPERTY(QColor segmentTint MEMBER segmentTint_ NOTIFY changed)
@@ -46,6 +48,7 @@ class Page : public QObject {
     QString title_;
     bool hasRightButton_ = false;
     QString rightImage_;
+    QString rightLabel_;
     QColor tint_;
     QColor segmentTint_;
     QColor switchTint_;

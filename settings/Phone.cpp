@@ -42,10 +42,9 @@ void Phone::lookAtPages() {
 
 void Phone::lookAtBar() {
     const auto& bar = *navigation_->navigationBar();
-    const auto title = bar.titleTextAttributes().find(NSForegroundColorAttributeName);
     tint_ = toQColor(bar.tintColor());
     barTint_ = toQColor(bar.barTintColor());
-    titleColor_ = title == bar.titleTextAttributes().end() ? QColor() : toQColor(title->second);
+    titleColor_ = toQColor(bar.titleColor());
     emit barChanged();
 }
 

@@ -60,7 +60,6 @@ class Phone : public QObject {
     RecentColors* recentColors() { return &recentColors_; }
     QString rootPath() const { return start_.rootPath; }
     QString rootName() const;
-    Taps& taps() { return taps_; }
     UINavigationController& navigation() { return *navigation_; }
 
     /// A person goes back one page.

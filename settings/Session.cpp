@@ -40,6 +40,7 @@ Session::Session(const Options& options) : place_(stateFile()) {
         openDevice(root.path());
     } catch (const std::runtime_error& error) {
         failure = error.what();
+        phone_.reset();
     }
     engine_.addImageProvider("device", new Images);
     engine_.addImportPath("qrc:/qt/qml");

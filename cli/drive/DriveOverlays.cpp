@@ -72,9 +72,7 @@ Answer DriveSession::dismiss(const Words& /*words*/) {
 
 Answer DriveSession::banner(const Words& /*words*/) {
     const auto& button = root_->statusAlert()->actionButton();
-    // A view that is on its way out takes no taps.
-    if (button->isHidden() || !button->superview() || button->alpha() == 0)
-        throw CommandError(nothingThere, "no status bar alert is shown");
+    if (!button->takesTouches()) throw CommandError(nothingThere, "no status bar alert is shown");
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
     return Answer::object();
 }

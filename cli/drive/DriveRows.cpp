@@ -52,12 +52,9 @@ Answer DriveSession::rows(const Words& /*words*/) {
 
 Answer DriveSession::tap(const Words& words) {
     const auto tapped = row(words[0]);
-    if (tapped->cellType() == PSCellType::switchCell)
-        tapped->performSetterWithValue(!tapped->performGetter().boolValue());
-    else if (tapped->cellType() == PSCellType::segment)
+    if (tapped->cellType() == PSCellType::segment)
         throw CommandError(wrongUsage, "'" + words[0] + "' is a segment: set it");
-    else
-        select(*topPage(), *tapped);
+    tapRow(*topPage(), *tapped);
     return Answer::object();
 }
 
@@ -72,7 +69,7 @@ Answer DriveSession::set(const Words& words) {
 Answer DriveSession::choose(const Words& words) {
     const auto chooser = std::dynamic_pointer_cast<PSListItemsController>(topPage());
     if (!chooser) throw CommandError(nothingThere, "the page on top is no chooser");
-    select(*chooser, *row(words[0]));
+    tapRow(*chooser, *row(words[0]));
     return Answer::object();
 }
 

@@ -38,12 +38,10 @@ ordered_json rightButtonJson(UIViewController& page) {
 
 ordered_json navigationBarJson(const UINavigationController& navigation) {
     const auto& bar = *navigation.navigationBar();
-    const auto title = bar.titleTextAttributes().find(NSForegroundColorAttributeName);
-    return {
-        {"rightButton", rightButtonJson(*navigation.topViewController())},
-        {"tint", colorJson(bar.tintColor())},
-        {"barTint", colorJson(bar.barTintColor())},
-        {"titleColor", title == bar.titleTextAttributes().end() ? ordered_json() : colorJson(title->second)}};
+    return {{"rightButton", rightButtonJson(*navigation.topViewController())},
+            {"tint", colorJson(bar.tintColor())},
+            {"barTint", colorJson(bar.barTintColor())},
+            {"titleColor", colorJson(bar.titleColor())}};
 }
 
 ordered_json statusAlertJson(const std::shared_ptr<SWStatusBarAlert>& alert) {

@@ -23,6 +23,9 @@ class UIBarButtonItem : public NSObject, public Observable {
 
     const std::shared_ptr<UIImage>& image() const { return image_; }
     UIBarButtonItemStyle style() const { return style_; }
+    /// What a screen reader says in place of the image; "" for nothing.
+    const std::string& accessibilityLabel() const { return accessibilityLabel_; }
+    void setAccessibilityLabel(std::string label) { assign(accessibilityLabel_, std::move(label)); }
     const Message& action() const { return action_; }
     /// In the normal state and with the bar's default metrics; null for the system's own border.
     const std::shared_ptr<UIImage>& backgroundImage() const { return backgroundImage_; }
@@ -35,6 +38,7 @@ class UIBarButtonItem : public NSObject, public Observable {
     std::shared_ptr<UIImage> image_;
     UIBarButtonItemStyle style_ = UIBarButtonItemStyle::plain;
     Message action_;
+    std::string accessibilityLabel_;
     std::shared_ptr<UIImage> backgroundImage_;
 };
 

@@ -22,6 +22,8 @@ class UIControl : public UIView {
 
     /// Sends `action` to `target`, with this control as sender, for each of these events.
     void addTarget(const std::shared_ptr<NSObject>& target, std::string action, UIControlEvents events);
+    /// Can a person hit it? It is somewhere, not hidden, and neither transparent nor on its way to that.
+    bool takesTouches() const { return superview() && !isHidden() && alpha() > 0; }
     /// A person has done that; called by the host.
     void sendActionsForControlEvents(UIControlEvents events);
 

@@ -3,6 +3,7 @@
 #include "platform/uikit/UIView.h"
 
 #include <map>
+#include <optional>
 #include <string>
 
 namespace prismo {
@@ -18,6 +19,11 @@ class UINavigationBar : public UIView {
     const std::optional<UIColor>& barTintColor() const { return barTintColor_; }
     void setBarTintColor(std::optional<UIColor> color) { assign(barTintColor_, color); }
     const UITextAttributes& titleTextAttributes() const { return titleTextAttributes_; }
+    /// The title's; nothing stands for the system's own.
+    std::optional<UIColor> titleColor() const {
+        const auto found = titleTextAttributes_.find(NSForegroundColorAttributeName);
+        return found == titleTextAttributes_.end() ? std::nullopt : std::optional(found->second);
+    }
     /// Replaces all of them.
     void setTitleTextAttributes(UITextAttributes attributes) {
         assign(titleTextAttributes_, std::move(attributes));

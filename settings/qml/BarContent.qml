@@ -69,10 +69,19 @@ Item {
         objectName: "rightButton"
         anchors.right: parent.right
         visible: content.page.hasRightButton
-        implicitWidth: 52
-        accessibleName: qsTr("Share")
+        implicitWidth: Math.max(52, label.visible ? label.implicitWidth + 2 * Theme.gutter : 0)
+        accessibleName: content.page.rightLabel
         onClicked: content.page.tapRightButton()
 
+        Label {
+            id: label
+
+            anchors.centerIn: parent
+            visible: content.page.rightImage === ""
+            text: content.page.rightLabel
+            color: content.tint
+            Accessible.ignored: true
+        }
         Image {
             anchors.centerIn: parent
             source: content.page.rightImage === "" ? "" : content.page.rightImage + "/" + content.tint.toString().slice(-6)
