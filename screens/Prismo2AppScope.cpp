@@ -41,7 +41,7 @@ CGSize Prismo2AppScope::contentSize() const { return pTableView_ ? pTableView_->
 
 void Prismo2AppScope::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/, NSIndexPath indexPath) {
     const auto root = std::dynamic_pointer_cast<Prismo2PrefsListController>(parentController());
-    if (!root) return;
+    if (!root || !pDataSource_) return;
     root->setScopeId(pDataSource_->displayIdentifierForIndexPath(indexPath));
     root->reloadSpecifiers();
     if (const auto navigation = navigationController()) navigation->popToViewController(root, true);

@@ -22,6 +22,9 @@ struct AppScopePickerTest : World {
     void open(CGSize size = {320, 480}) {
         enterAppScope();
         show();
+        pushPicker(size);
+    }
+    void pushPicker(CGSize size = {320, 480}) {
         picker = std::make_shared<Prismo2AppScope>();
         ASSERT_TRUE(picker->initForContentSize(size));
         picker->setParentController(page);
@@ -143,9 +146,16 @@ TEST_F(AppScopePickerTest, TapLeavesTheScopeSwitchAsItWas) {
     tapApp({1, 0});
     EXPECT_TRUE(page->isInAppScope());
     page->setIsInAppScope(false);
-    navigation->pushViewController(picker, true);
+    pushPicker();
     tapApp({1, 1});
     EXPECT_FALSE(page->isInAppScope());
+}
+
+TEST_F(AppScopePickerTest, TapOnAPickerThatHasBeenLeftDoesNothing) {
+    open();
+    tapApp({1, 0});
+    tapApp({1, 1});
+    EXPECT_EQ(page->scopeId(), "com.example.alpha");
 }
 
 TEST_F(AppScopePickerTest, RowWithoutAnIdentifierMeansNoApplication) {
