@@ -20,6 +20,7 @@ from person import Person, SessionBus
 from waiting import until
 
 CHANGED = "com.corvane.prismo2.changed"
+READY = "com.example.ready"
 BANNER = "Prismo 2 – Tap to Respring?"
 APPLICATION = "com.example.notes"
 
@@ -73,23 +74,27 @@ class Settings(unittest.TestCase):
     # What another process is told
 
     def listen(self):
-        self.watcher = self.start(self.prismo2, "watch", stdout=subprocess.PIPE)
+        self.watcher = self.start(self.prismo2, "watch", CHANGED, READY, stdout=subprocess.PIPE)
         self.addCleanup(self.watcher.stdout.close)
+        self.lines = []
 
         def hears():
-            self.command("post", CHANGED)
-            return select.select([self.watcher.stdout], [], [], 0.05)[0]
+            self.command("post", READY)
+            return self.tells(0.05)
         until(hears, "a listener that hears")
-        self.forget()
 
-    def forget(self):
-        while select.select([self.watcher.stdout], [], [], 0)[0]:
-            os.read(self.watcher.stdout.fileno(), 4096)
+    def tells(self, patience):
+        """Has it printed something by then?"""
+        if not select.select([self.watcher.stdout], [], [], patience)[0]:
+            return False
+        self.lines += os.read(self.watcher.stdout.fileno(), 4096).decode().splitlines()
+        return True
 
     def heard(self):
-        self.assertTrue(select.select([self.watcher.stdout], [], [], 10)[0], "nothing was told")
-        lines = os.read(self.watcher.stdout.fileno(), 4096).decode().splitlines()
-        self.assertEqual(set(lines), {CHANGED})
+        """One line for each change, and not a line more."""
+        until(lambda: self.tells(0.05) and CHANGED in self.lines, "what was told")
+        self.assertEqual([line for line in self.lines if line != READY], [CHANGED])
+        self.lines.clear()
 
     # What was stored
 
@@ -177,6 +182,14 @@ class Settings(unittest.TestCase):
         self.command("set", "enabled", "off")
         until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
         self.me.sees("push button", BANNER)
+        self.picture()
+
+    def test_a_type_chosen_by_the_command_shows_in_the_open_chooser(self):
+        self.me.press("push button", "Keyboard Enabled")
+        self.me.sees("radio button", "Custom")
+        self.command("type", "keyboard", "custom")
+        until(lambda: "checked" in self.me.states(self.me.sees("radio button", "Custom")), "the mark")
+        self.assertNotIn("checked", self.me.states(self.me.sees("radio button", "Global")))
         self.picture()
 
     def test_a_file_that_is_replaced_shows_once_that_is_told(self):
