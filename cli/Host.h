@@ -75,8 +75,8 @@ class Host {
     Options options_;
     Results results_;
     std::optional<LinuxDevice> linux_;
-    std::optional<DryRunDevice> memory_;
     std::unique_ptr<PollDriver> driver_;
+    std::optional<DryRunDevice> memory_; // whose loop goes by the driver
     Device* device_;
     std::optional<Device::Current> current_;
     std::optional<EffectLog> effects_;
