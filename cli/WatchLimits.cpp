@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -41,9 +42,10 @@ void WatchLimits::declare(CLI::App& app) {
 }
 
 void WatchLimits::run(RunLoop& loop) {
-    bool timedOut = false;
-    if (std::isfinite(seconds_)) loop.schedule(Seconds(seconds_), [&] { timedOut = true; });
-    loop.runUntil([&] { return timedOut || counted_ >= lines_; });
+    // The timer stays on the loop where --count is what ends this.
+    const auto timedOut = std::make_shared<bool>(false);
+    if (std::isfinite(seconds_)) loop.schedule(Seconds(seconds_), [timedOut] { *timedOut = true; });
+    loop.runUntil([&] { return *timedOut || counted_ >= lines_; });
 }
 
 } // namespace prismo::cli
