@@ -25,7 +25,8 @@ class AccountService {
     AccountService& operator=(const AccountService&) = delete;
 
     /// Granted where the file is there and believed; returns what is wrong with it. `completion` is called
-    /// once, on a thread of its own. Belongs to the thread that made the service.
+    /// once, on a thread of its own; where none can be made, refused and at once, on the caller's. Belongs to
+    /// the thread that made the service.
     std::optional<FileProblem> requestAccess(std::function<void(bool granted)> completion);
     /// In the file's order. Callable from every thread.
     std::vector<Account> accounts() const;
