@@ -32,8 +32,8 @@ Value shownValue(PSSpecifier& row);
 /// for any other text.
 void writeThroughRow(PSSpecifier& row, const std::string& text);
 
-/// The value that `text` names, by itself or by its title in any case. Throws CommandError (wrong usage) for
-/// another.
+/// The value that `text` names, by itself or by its title in any case. Throws CommandError (wrong usage)
+/// where it names none.
 Value choiceFromText(const PSTitles& titles, const std::string& text);
 
 /// The colour of `text`. Throws CommandError (wrong usage) where it is no colour text.

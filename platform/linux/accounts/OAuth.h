@@ -12,8 +12,7 @@
 ///
 /// It is written out here because no library at hand does it well: the one C library for it has had no
 /// release in years and brings two further TLS libraries into a process that has OpenSSL, and the others come
-/// with an HTTP stack and an event loop of their own. What is left without them is sorting, encoding and one
-/// HMAC.
+/// with an HTTP stack and an event loop of their own. Without them it is sorting, encoding and one HMAC.
 namespace prismo::oauth {
 
 /// Names and values, not encoded, in no order; a name may occur several times.
