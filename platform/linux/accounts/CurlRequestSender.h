@@ -2,8 +2,8 @@
 
 #include "platform/linux/accounts/Transfer.h"
 
-#include <atomic>
 #include <chrono>
+#include <functional>
 #include <list>
 #include <memory>
 #include <mutex>

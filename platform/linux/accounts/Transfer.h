@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <curl/curl.h>
-#include <functional>
 #include <memory>
 #include <string>
 
