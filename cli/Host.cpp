@@ -13,6 +13,12 @@
 
 namespace prismo::cli {
 
+namespace {
+
+std::string problemText(const FileProblem& problem) { return problem.path + ": " + problem.cause; }
+
+} // namespace
+
 Host::Host(const Options& options, Companions companions, Clock clock) : options_(options) {
     const auto root = DeviceRootPath::choose(options.root);
     if (!options.dryRun) root.makeIfDefault();
@@ -56,22 +62,26 @@ void Host::keep(const FileProblem& problem) {
 }
 
 void Host::tell(const FileProblem& problem) {
-    std::fprintf(stderr, "prismo2: %s\n", printable(problem.path + ": " + problem.cause).c_str());
+    std::fprintf(stderr, "prismo2: %s\n", printable(problemText(problem)).c_str());
 }
 
 bool Host::isFatal(const FileProblem& problem) const {
+    return problem.kind != FileProblem::Kind::replaced && !isToldWithAnother(problem);
+}
+
+bool Host::isToldWithAnother(const FileProblem& problem) const {
     using Kind = FileProblem::Kind;
     // What became of the write that met a malformed file says more than that it did.
-    const bool isTold = std::ranges::any_of(problems_, [&](const FileProblem& other) {
-        return (other.kind == Kind::replaced || other.kind == Kind::unwritable) && other.path == problem.path;
-    });
-    return problem.kind != Kind::replaced && !(problem.kind == Kind::malformed && isTold);
+    return problem.kind == Kind::malformed && std::ranges::any_of(problems_, [&](const FileProblem& other) {
+               return (other.kind == Kind::replaced || other.kind == Kind::unwritable) &&
+                      other.path == problem.path;
+           });
 }
 
 void Host::throwOnProblem() const {
     const auto found =
         std::ranges::find_if(problems_, [this](const auto& problem) { return isFatal(problem); });
-    if (found != problems_.end()) throw CommandError(failed, found->path + ": " + found->cause);
+    if (found != problems_.end()) throw CommandError(failed, problemText(*found));
 }
 
 void Host::print(const std::string& text) { results_.write(text); }
@@ -95,12 +105,20 @@ int Host::finish(int exit) {
         for (const auto& effect : takeEffects())
             print("would " + effectLine(effect) + "\n");
     for (const auto& problem : problems_) {
-        if (!isFatal(problem) && problem.kind == FileProblem::Kind::malformed)
-            continue; // said with what became of it
+        if (isToldWithAnother(problem)) continue;
         tell(problem);
         if (isFatal(problem) && exit == done) exit = failed;
     }
     return exit == done && hasToldFatal_ ? failed : exit;
+}
+
+void Host::tellProblemsBeside(const std::string& complaint) const {
+    // Where the complaint is of a failure, that is the first one, and the later ones mostly follow from it.
+    const bool isFailureTold = std::ranges::any_of(problems_, [&](const FileProblem& problem) {
+        return isFatal(problem) && problemText(problem) == complaint;
+    });
+    for (const auto& problem : problems_)
+        if (!isToldWithAnother(problem) && !(isFailureTold && isFatal(problem))) tell(problem);
 }
 
 } // namespace prismo::cli

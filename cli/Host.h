@@ -66,10 +66,14 @@ class Host {
     /// Prints what is left to tell: in a dry run the effects, and on standard error the problems. Returns the
     /// exit code: `exit`, or that of a failure where this would be a success.
     int finish(int exit);
+    /// In place of `finish`, where a command ends with `complaint`: prints what that leaves to tell.
+    void tellProblemsBeside(const std::string& complaint) const;
 
   private:
     void keep(const FileProblem& problem);
     bool isFatal(const FileProblem& problem) const;
+    /// It is malformed, and what became of it is a problem of its own.
+    bool isToldWithAnother(const FileProblem& problem) const;
     static void tell(const FileProblem& problem);
 
     Options options_;

@@ -48,7 +48,12 @@ void explainArguments(CLI::App& command) {
 
 int run(Command& command, const Options& options) {
     Host host(options, command.companions(), command.clock());
-    return host.finish(command.run(host));
+    try {
+        return host.finish(command.run(host));
+    } catch (const std::runtime_error& error) {
+        host.tellProblemsBeside(error.what());
+        throw;
+    }
 }
 
 int main(int argc, char** argv) {

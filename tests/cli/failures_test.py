@@ -149,6 +149,23 @@ class Malformed(Unread):
             self.assertIn(str(self.root), told)
             self.assertIsInstance(self.settings(), dict)
 
+    def test_a_failure_after_it_was_replaced_does_not_hide_where_its_bytes_are_kept(self):
+        (self.root / "var/run").mkdir()
+        (self.root / "var/run/notify").write_text("")
+        done = self.run_command("set", "enabled", "off")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        kept, failure = (self.complaint(line + "\n") for line in done.stderr.splitlines())
+        self.assertTrue(failure.endswith("var/run/notify: Not a directory"), failure)
+        name = next(path.name for path in self.settings_path.parent.iterdir() if path != self.settings_path)
+        self.assertIn(name, kept)
+
+    def test_a_row_that_is_not_there_does_not_hide_that_nothing_could_be_read(self):
+        done = self.run_command("--app", APP, "get", "use_album_art")
+        self.assertEqual((done.returncode, done.stdout), (3, ""))
+        malformed, nothing = (self.complaint(line + "\n") for line in done.stderr.splitlines())
+        self.assertEqual(nothing, "no row for 'use_album_art' in this scope")
+        self.assertIn(NAME, malformed)
+
     def test_the_new_file_holds_the_one_change(self):
         self.run_command("set", "enabled", "off")
         self.assertEqual(self.settings(), {"enabled": False})
