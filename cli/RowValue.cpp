@@ -1,6 +1,8 @@
 #include "cli/RowValue.h"
 
 #include "cli/Command.h"
+#include "cli/Json.h"
+#include "cli/Printable.h"
 #include "prefs/SettingsFile.h"
 #include "screens/PrismoColorCell.h"
 
@@ -134,6 +136,10 @@ std::string valueText(const Value& value) {
         return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), *real).ptr};
     }
     return value.text();
+}
+
+std::string shownText(const Value& value) {
+    return printable(value.as<std::string>() || value.isNumber() ? valueText(value) : jsonText(json(value)));
 }
 
 } // namespace prismo::cli

@@ -1,6 +1,5 @@
 #include "cli/Command.h"
 #include "cli/Json.h"
-#include "cli/Printable.h"
 #include "cli/RowValue.h"
 
 namespace prismo::cli {
@@ -20,9 +19,7 @@ class Get : public Command {
         if (host.options().json)
             host.printJson({{"key", key_}, {"value", json(value)}});
         else if (!value.isNothing())
-            host.print(printable(value.as<std::string>() || value.isNumber() ? valueText(value)
-                                                                             : jsonText(json(value))) +
-                       "\n");
+            host.print(shownText(value) + "\n");
         host.throwOnProblem();
         return value.isNothing() ? nothingThere : done;
     }

@@ -30,10 +30,6 @@ Value valueFromText(const std::string& text) {
     return text;
 }
 
-std::string shown(const Value& value) {
-    return printable(value.as<std::string>() || value.isNumber() ? valueText(value) : jsonText(json(value)));
-}
-
 class Store : public Command {
     std::string domain_;
     std::string key_;
@@ -120,7 +116,7 @@ class Store : public Command {
         if (host.options().json)
             host.printJson({{"domain", domain_}, {"key", key_}, {"value", json(value)}});
         else if (!value.isNothing())
-            host.print(shown(value) + "\n");
+            host.print(shownText(value) + "\n");
         host.throwOnProblem();
         return value.isNothing() ? nothingThere : done;
     }
@@ -165,7 +161,7 @@ class Store : public Command {
         }
         std::string text;
         for (const auto& [key, value] : store.currentPrefsImplementation())
-            text += printable(key) + " = " + shown(value) + "\n";
+            text += printable(key) + " = " + shownText(value) + "\n";
         host.print(text);
     }
 };
