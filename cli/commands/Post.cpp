@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "cli/NotificationName.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,8 +15,7 @@ class Post : public Command {
     }
 
     Exit run(Host& host) override {
-        if (!isNotificationName(name_))
-            throw CommandError(wrongUsage, "'" + name_ + "' is no notification's name");
+        requireNotificationName(name_);
         host.device().postNotification(name_);
         host.throwOnProblem();
         if (host.options().json) host.printJson({{"posted", name_}});

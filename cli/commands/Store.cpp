@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 #include "cli/Json.h"
+#include "cli/NotificationName.h"
 #include "cli/Printable.h"
 #include "cli/RowValue.h"
 #include "cli/WatchLimits.h"
@@ -82,8 +83,7 @@ class Store : public Command {
     Exit run(Host& host) override {
         if (domain_.empty() || domain_.find('/') != std::string::npos)
             throw CommandError(wrongUsage, "'" + domain_ + "' is no preference domain");
-        if (!notification_.empty() && !isNotificationName(notification_))
-            throw CommandError(wrongUsage, "'" + notification_ + "' is no notification's name");
+        if (!notification_.empty()) requireNotificationName(notification_);
         const PHPrefsManager::Callback callback = [&](PHPrefsManager& store) {
             limits_.count();
             printAll(host, store);

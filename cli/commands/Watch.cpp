@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "cli/NotificationName.h"
 #include "cli/Printable.h"
 #include "cli/WatchLimits.h"
 #include "prefs/SettingsFile.h"
@@ -46,8 +47,7 @@ class Watch : public Command {
         if (names_.empty()) names_ = {changeNotification};
         std::vector<std::shared_ptr<Listener>> listeners;
         for (const auto& name : std::set(names_.begin(), names_.end())) {
-            if (!isNotificationName(name))
-                throw CommandError(wrongUsage, "'" + name + "' is no notification's name");
+            requireNotificationName(name);
             listeners.push_back(std::make_shared<Listener>(host, name, limits_));
             host.device().systemCenter().addObserver(listeners.back(), &Listener::notified, name,
                                                      SuspensionBehavior::coalesce);

@@ -3,6 +3,7 @@
 #include "cli/Command.h"
 #include "cli/drive/DriveSession.h"
 #include "cli/Json.h"
+#include "cli/NotificationName.h"
 #include "cli/RowValue.h"
 #include "kit/FBKillProcess.h"
 #include "kit/FBOpenLinks.h"
@@ -39,8 +40,7 @@ Answer DriveSession::wait(const Words& words) {
 }
 
 Answer DriveSession::post(const Words& words) {
-    if (!isNotificationName(words[0]))
-        throw CommandError(wrongUsage, "'" + words[0] + "' is no notification's name");
+    requireNotificationName(words[0]);
     host_.device().postFromOutside(words[0]);
     return Answer::object();
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace prismo::cli {
+
+/// Throws CommandError (wrong usage) where no notification can have that name.
+void requireNotificationName(const std::string& name);
+
+} // namespace prismo::cli
