@@ -1,32 +1,25 @@
 #include "cli/WatchLimits.h"
 
-#include <charconv>
+#include "platform/foundation/Text.h"
+
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace prismo::cli {
 
 namespace {
 
-template <typename Number>
-std::optional<Number> number(const std::string& text) {
-    Number value{};
-    const auto* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, value);
-    return read.ec == std::errc() && read.ptr == end ? std::optional(value) : std::nullopt;
-}
-
 // What is wrong with an option's value; "" where nothing is.
 
 std::string refuseOtherThanCount(const std::string& text) {
-    return number<long>(text).value_or(0) >= 1 ? "" : "'" + text + "' is not a number of lines from 1";
+    return numberFromText<long>(text).value_or(0) >= 1 ? ""
+                                                       : "'" + text + "' is not a number of lines from 1";
 }
 
 std::string refuseOtherThanSeconds(const std::string& text) {
     constexpr double longest = 1e9;
-    const auto seconds = number<double>(text);
+    const auto seconds = numberFromText<double>(text);
     return seconds && *seconds >= 0 && *seconds <= longest
                ? ""
                : "'" + text + "' is not a number of seconds from 0 to 1000000000";

@@ -1,6 +1,6 @@
 #include "settings/Options.h"
 
-#include <charconv>
+#include "platform/foundation/Text.h"
 
 namespace prismo::settings {
 
@@ -19,11 +19,9 @@ constexpr const char* help =
 std::string quoted(const std::string& text) { return "'" + text + "'"; }
 
 int descriptor(const std::string& text) {
-    int number = -1;
-    const auto* end = text.data() + text.size();
-    if (std::from_chars(text.data(), end, number).ptr != end || number < 0)
-        throw UsageError(quoted(text) + " is no descriptor");
-    return number;
+    const auto number = numberFromText<int>(text);
+    if (!number || *number < 0) throw UsageError(quoted(text) + " is no descriptor");
+    return *number;
 }
 
 void set(Options& options, const std::string& name, const std::string& value) {

@@ -6,7 +6,8 @@
 #include "cli/WatchLimits.h"
 #include "prefs/PHPrefsManager.h"
 
-#include <charconv>
+#include "platform/foundation/Text.h"
+
 #include <cmath>
 
 namespace prismo::cli {
@@ -16,18 +17,9 @@ namespace {
 /// Takes a value as it is written: true and false, an integer, a real, else a text.
 Value valueFromText(const std::string& text) {
     if (text == "true" || text == "false") return text == "true";
-    const auto* end = text.data() + text.size();
-    std::int64_t integer = 0;
-    if (const auto read = std::from_chars(text.data(), end, integer);
-        read.ec == std::errc() && read.ptr == end)
-        return integer;
-    std::uint64_t large = 0;
-    if (const auto read = std::from_chars(text.data(), end, large); read.ec == std::errc() && read.ptr == end)
-        return large;
-    double real = 0;
-    if (const auto read = std::from_chars(text.data(), end, real);
-        read.ec == std::errc() && read.ptr == end && std::isfinite(real))
-        return real;
+    if (const auto integer = numberFromText<std::int64_t>(text)) return *integer;
+    if (const auto large = numberFromText<std::uint64_t>(text)) return *large;
+    if (const auto real = numberFromText<double>(text); real && std::isfinite(*real)) return *real;
     return text;
 }
 

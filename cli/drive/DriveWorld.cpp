@@ -11,9 +11,9 @@
 #include "kit/FBWelcomeTwitterHandler.h"
 #include "prefs/SettingsFile.h"
 
+#include "platform/foundation/Text.h"
 #include "platform/uikit/UIApplication.h"
 
-#include <charconv>
 #include <cmath>
 
 namespace prismo::cli {
@@ -23,12 +23,11 @@ using Answer = nlohmann::ordered_json;
 namespace {
 
 double number(const std::string& text, double atMost) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !(value >= 0 && value <= atMost))
+    const auto value = numberFromText<double>(text);
+    if (!value || !(*value >= 0 && *value <= atMost))
         throw CommandError(wrongUsage,
                            "'" + text + "' is not a number from 0 to " + std::to_string(std::lround(atMost)));
-    return value;
+    return *value;
 }
 
 } // namespace

@@ -2,12 +2,14 @@
 
 #include "platform/foundation/Value.h"
 
+#include <charconv>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace prismo {
 
@@ -16,6 +18,15 @@ std::string formatted(std::string_view format, std::initializer_list<std::option
 
 /// With six decimals and a point, whatever the locale.
 std::string decimalText(double number);
+
+/// The number that all of `text` is, in decimal digits; nothing where it is none, or is beyond the type.
+template <typename Number>
+std::optional<Number> numberFromText(std::string_view text) {
+    Number value{};
+    const auto* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, value);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(value) : std::nullopt;
+}
 
 /// Two hexadecimal digits for each byte, in lower case.
 std::string hexText(std::span<const std::uint8_t> bytes);

@@ -26,6 +26,15 @@ TEST(Text, BytesAreTwoDigitsEach) {
     EXPECT_EQ(hexText(std::span<const std::uint8_t>()), "");
 }
 
+TEST(Text, NumberIsAllOfTheTextOrNothing) {
+    EXPECT_EQ(numberFromText<int>("-12"), -12);
+    EXPECT_EQ(numberFromText<double>("2.5"), 2.5);
+    for (const auto* none : {"", " 1", "1 ", "+1", "1x", "x", "0x1", "2147483648"})
+        EXPECT_EQ(numberFromText<int>(none), std::nullopt) << none;
+    EXPECT_EQ(numberFromText<unsigned>("-1"), std::nullopt);
+    EXPECT_EQ(numberFromText<double>("1e999"), std::nullopt);
+}
+
 TEST(Text, LinksKeepUnreservedBytesOnly) {
     EXPECT_EQ(percentEncoded("Az09-._~"), "Az09-._~");
     EXPECT_EQ(percentEncoded(" +!*'()/ü\n"), "%20%2B%21%2A%27%28%29%2F%C3%BC%0A");
