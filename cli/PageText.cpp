@@ -7,7 +7,6 @@
 #include "platform/swatchkit/ColorText.h"
 
 #include <algorithm>
-#include <cmath>
 #include <sstream>
 
 namespace prismo::cli {
@@ -110,7 +109,8 @@ class PageWriter {
         std::string text;
         for (const auto& [value, title] : row.titleDictionary()) {
             if (!text.empty()) text += "  ";
-            text += value.isEqual(current) ? styled("7", "[" + title + "]") : title;
+            const auto shownTitle = printable(title);
+            text += value.isEqual(current) ? styled("7", "[" + shownTitle + "]") : shownTitle;
         }
         return text;
     }
@@ -118,7 +118,7 @@ class PageWriter {
     std::string swatchText(const UIColor& color) const {
         auto hex = hexFromColor(color);
         if (!colors_) return hex;
-        const auto byte = [](double component) { return std::to_string(std::lround(component * 255)); };
+        const auto byte = [](double component) { return std::to_string(byteFromComponent(component)); };
         const auto background = "48;2;" + byte(color.red) + ";" + byte(color.green) + ";" + byte(color.blue);
         return styled(background.c_str(), "    ") + " " + hex;
     }
