@@ -74,7 +74,7 @@ std::shared_ptr<PSSpecifier> rowForElement(Prismo2PrefsListController& page, con
                                            const char* suffix) {
     const auto key = element + suffix;
     if (!isKeyOfSomeScope(key))
-        throw CommandError(wrongUsage, "unknown element '" + element + "'; 'prismo2 type --help' lists them");
+        throw CommandError(wrongUsage, "unknown element '" + element + "', none of " + elementNames);
     return rowForKey(page, key);
 }
 

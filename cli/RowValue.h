@@ -19,6 +19,9 @@ std::optional<UIColor> swatchOfRow(PSSpecifier& row);
 /// in none.
 std::shared_ptr<PSSpecifier> rowForKey(Prismo2PrefsListController& page, std::string_view key);
 
+/// The slugs of the elements, as a person is told them.
+constexpr const char* elementNames = "global, keyboard, statusbar, sms, nc, cc, volume or folder";
+
 /// The row of an element's key: slug and `suffix`, such as "keyboard" and "_color_type". Throws as
 /// `rowForKey` does.
 std::shared_ptr<PSSpecifier> rowForElement(Prismo2PrefsListController& page, const std::string& element,

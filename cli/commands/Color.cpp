@@ -18,8 +18,7 @@ class Color : public Command {
     std::optional<std::string> color_;
 
     void declare(CLI::App& app) override {
-        app.add_option("ELEMENT", element_, "global, keyboard, statusbar, sms, nc, cc, volume or folder")
-            ->required();
+        app.add_option("ELEMENT", element_, elementNames)->required();
         app.add_option("COLOUR", color_,
                        "rrggbb or rgb, with or without '#', then ':' and an alpha if wanted");
     }

@@ -56,8 +56,7 @@ class Type : public Command {
     std::optional<std::string> name_;
 
     void declare(CLI::App& app) override {
-        app.add_option("ELEMENT", element_, "global, keyboard, statusbar, sms, nc, cc, volume or folder")
-            ->required();
+        app.add_option("ELEMENT", element_, elementNames)->required();
         app.add_option("NAME", name_, "global, disabled or custom; for global: global or 'icon color'");
     }
 

@@ -157,7 +157,8 @@ class ExitCodes(World):
         ("store", "com.example.x", "nonsense"): "unknown command 'nonsense' of 'store'",
         (): "a command is missing; 'prismo2 --help' lists them",
         ("store", "a"): "a command of 'store' is missing; 'prismo2 store --help' lists them",
-        ("color", "nonsense"): "unknown element 'nonsense'; 'prismo2 type --help' lists them",
+        **dict.fromkeys([("type", "nonsense"), ("color", "nonsense")], "unknown element 'nonsense', none of "
+                        "global, keyboard, statusbar, sms, nc, cc, volume or folder"),
         ("rows", "--nonsense"): "unknown option '--nonsense'",
         ("--nonsense", "rows"): "unknown option '--nonsense'",
         ("get", "enabled", "more", "words"): "unexpected argument 'more'",
