@@ -30,8 +30,10 @@ class Transfer {
     int status(CURLcode result) const;
 
   private:
-    bool prepare(const AccountRequest& request, const AccountSecrets& secrets,
-                 const TransferOptions& options);
+    // In this order; false where it cannot be done.
+    bool prepareUrl(const AccountRequest& request);
+    bool sign(const AccountRequest& request, const AccountSecrets& secrets);
+    bool setOptions(const AccountRequest& request, const TransferOptions& options);
 
     struct Free {
         void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
