@@ -11,6 +11,8 @@
 #include <exception>
 #include <iostream>
 #include <map>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -56,15 +58,7 @@ int run(Command& command, const Options& options) {
     }
 }
 
-int main(int argc, char** argv) {
-    CLI::App app("The settings of Prismo 2 from a shell.", "prismo2");
-    app.footer(examples);
-    app.set_version_flag("--version", "prismo2 " PRISMO_VERSION);
-    app.require_subcommand(1);
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.fallthrough();
-
-    Options options;
+void declareOptions(CLI::App& app, Options& options) {
     app.add_option("--root", options.root,
                    "the device root ($PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device)")
         ->option_text("DIR")
@@ -73,15 +67,19 @@ int main(int argc, char** argv) {
         ->option_text("ID");
     app.add_flag("--json", options.json, "print one JSON document");
     app.add_flag("--dry-run", options.dryRun, "change nothing; tell what would be done");
+}
 
-    const auto words = commandLineWords(argc, argv);
+using Words = std::vector<std::string>;
+using Commands = std::map<const CLI::App*, std::unique_ptr<Command>>;
+
+/// To declare all commands takes longer than to run most of them. That is done for the help, and where no
+/// command is named; else for those that are.
+Commands declareCommands(CLI::App& app, const Words& words) {
     const auto isWord = [&](std::string_view word) { return std::ranges::find(words, word) != words.end(); };
-    // Declaring all commands takes longer than running most of them, so it is done for those only that are
-    // named.
     const bool declaresAll =
         isWord("--help") || isWord("-h") ||
         std::ranges::none_of(commands(), [&](const auto& entry) { return isWord(entry.name); });
-    std::map<const CLI::App*, std::unique_ptr<Command>> made;
+    Commands declared;
     for (const auto& entry : commands()) {
         if (!declaresAll && !isWord(entry.name)) continue;
         auto* subcommand = app.add_subcommand(entry.name, entry.summary);
@@ -90,11 +88,16 @@ int main(int argc, char** argv) {
         auto command = entry.make();
         command->declare(*subcommand);
         explainArguments(*subcommand);
-        made[subcommand] = std::move(command);
+        declared[subcommand] = std::move(command);
     }
+    return declared;
+}
 
+/// Nothing where a command is to be run, else the exit code.
+std::optional<int> parse(CLI::App& app, const Words& words) {
     try {
-        app.parse(std::vector<std::string>(words.rbegin(), words.rend())); // it takes the last one first
+        app.parse(Words(words.rbegin(), words.rend())); // it takes the last one first
+        return std::nullopt;
     } catch (const CLI::Success& success) {
         const int exit = app.exit(success); // --help and --version
         if (!std::cout.flush())
@@ -103,8 +106,22 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return complain(wrongUsage, usageProblem(app, words, error));
     }
+}
+
+int main(int argc, char** argv) {
+    CLI::App app("The settings of Prismo 2 from a shell.", "prismo2");
+    app.footer(examples);
+    app.set_version_flag("--version", "prismo2 " PRISMO_VERSION);
+    app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.fallthrough();
+    Options options;
+    declareOptions(app, options);
+    const auto words = commandLineWords(argc, argv);
+    const auto declared = declareCommands(app, words);
+    if (const auto exit = parse(app, words)) return *exit;
     try {
-        return run(*made.at(app.get_subcommands().front()), options);
+        return run(*declared.at(app.get_subcommands().front()), options);
     } catch (const CommandError& error) {
         return complain(error.exit(), error.what());
     } catch (const std::runtime_error& error) {
