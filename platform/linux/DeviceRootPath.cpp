@@ -1,5 +1,6 @@
 #include "platform/linux/DeviceRootPath.h"
 
+#include "platform/linux/BaseDirectories.h"
 #include "platform/linux/DeviceRoot.h"
 
 #include <cstdlib>
@@ -8,25 +9,13 @@
 
 namespace prismo {
 
-namespace {
-
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
-
-} // namespace
-
 DeviceRootPath DeviceRootPath::choose(const std::string& option) {
     if (!option.empty()) return {option, false};
-    if (auto root = environment("PRISMO2_ROOT"); !root.empty()) return {std::move(root), false};
-    auto data = environment("XDG_DATA_HOME");
-    if (!data.starts_with('/')) { // a relative one is to be ignored, as the base directory rules say
-        const auto home = environment("HOME");
-        if (home.empty())
-            throw std::runtime_error("no device root: neither --root, $PRISMO2_ROOT nor $HOME is set");
-        data = home + "/.local/share";
-    }
+    if (const char* root = std::getenv("PRISMO2_ROOT"); root && *root) return {root, false};
+    const auto data = dataHome();
+    if (data.empty())
+        throw std::runtime_error(
+            "no device root: neither --root, $PRISMO2_ROOT nor an absolute $HOME is set");
     return {data + "/prismo2/device", true};
 }
 

@@ -1,8 +1,9 @@
 #include "settings/supervisor/Instance.h"
 
+#include "platform/linux/BaseDirectories.h"
+
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -16,16 +17,10 @@ namespace prismo::settings {
 
 namespace {
 
-std::string absolute(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value && *value == '/' ? value : "";
-}
-
 /// A directory of the person's alone, best one that is gone with the session.
 std::string personalDirectory() {
-    if (auto runtime = absolute("XDG_RUNTIME_DIR"); !runtime.empty()) return runtime + "/prismo2";
-    if (auto state = absolute("XDG_STATE_HOME"); !state.empty()) return state + "/prismo2";
-    if (auto home = absolute("HOME"); !home.empty()) return home + "/.local/state/prismo2";
+    if (const auto runtime = runtimeDirectory(); !runtime.empty()) return runtime + "/prismo2";
+    if (const auto state = stateHome(); !state.empty()) return state + "/prismo2";
     throw std::system_error(ENOENT, std::generic_category(), "$XDG_RUNTIME_DIR");
 }
 

@@ -133,6 +133,13 @@ class Root(World):
         del self.environment["HOME"]
         self.assertIn("--root", self.refusal(1, "rows"))
 
+    def test_a_relative_home_or_data_directory_is_none(self):
+        self.ask("rows", environment={"XDG_DATA_HOME": "data"})
+        self.assertTrue(self.default.exists())
+        shutil.rmtree(self.home / ".local")
+        self.assertIn("$HOME", self.refusal(1, "rows", environment={"HOME": "home"}))
+        self.assertEqual([path.name for path in self.home.iterdir() if path.name in ("data", "home")], [])
+
 
 class DryRun(World):
     commands = [["rows"], ["get", "enabled"], ["set", "enabled", "off"], ["set", "keyboard_color", "abc"],
