@@ -1,12 +1,13 @@
 #include "platform/linux/BaseLayer.h"
 
-#include <filesystem>
+#include "platform/linux/RunningProgram.h"
 
 namespace prismo {
 
 std::string baseLayerDirectory() {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    const auto program = runningProgram(error);
+    if (error) return {}; // not a place that goes with the working directory
     return (program.parent_path() / PRISMO_BASE_LAYER).lexically_normal();
 }
 

@@ -1,12 +1,12 @@
 #include "platform/linux/OwnInstallation.h"
 
-#include <system_error>
+#include "platform/linux/RunningProgram.h"
 
 namespace prismo {
 
 std::filesystem::path ownInstallation(std::string& cause) {
     std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    const auto program = runningProgram(error);
     const auto prefix = program.parent_path().parent_path();
     const auto permissions = error ? std::filesystem::perms::none : status(prefix, error).permissions();
     if (error)

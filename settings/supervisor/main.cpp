@@ -3,12 +3,13 @@
 #include "settings/supervisor/Supervisor.h"
 
 #include "platform/linux/DeviceRootPath.h"
+#include "platform/linux/RunningProgram.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace prismo::settings {
 
@@ -52,8 +53,10 @@ int run(const std::vector<std::string>& arguments) {
     if (const auto root = rootStatus(options)) claim(instance, *root);
     if (instance && !instance->isFirst()) return 0;
 
-    const auto directory = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    Supervisor::Command window{(directory / PRISMO_WINDOW).lexically_normal(), arguments, -1};
+    std::error_code error;
+    const auto program = runningProgram(error);
+    if (error) throw std::system_error(error, "/proc/self/exe");
+    Supervisor::Command window{(program.parent_path() / PRISMO_WINDOW).lexically_normal(), arguments, -1};
     if (instance) {
         window.inherited = instance->requests();
         window.arguments.push_back("--requests=" + std::to_string(window.inherited));
