@@ -3,6 +3,7 @@
 #include "platform/applist/NameOrder.h"
 #include "platform/linux/BaseLayer.h"
 #include "platform/linux/LinuxDevice.h"
+#include "platform/linux/PreferenceBundle.h"
 #include "platform/linux/PropertyListReader.h"
 
 #include <algorithm>
@@ -18,7 +19,6 @@ namespace prismo::settings {
 namespace {
 
 constexpr const char* entryDirectory = "/Library/PreferenceLoader/Preferences";
-constexpr const char* bundleDirectory = "/Library/PreferenceBundles/";
 
 std::vector<std::string> entryFiles(const DeviceRoot& root) {
     auto descriptor = root.open(entryDirectory, O_RDONLY | O_DIRECTORY);
@@ -34,10 +34,6 @@ std::vector<std::string> entryFiles(const DeviceRoot& root) {
     return names;
 }
 
-bool isPlainName(const std::string& name) {
-    return !name.empty() && !name.starts_with('.') && name.find('/') == std::string::npos;
-}
-
 std::optional<PreferenceEntry> readEntry(LinuxDevice& device, const DeviceRoot* base,
                                          const std::string& file) {
     const auto bytes = device.readFile(std::string(entryDirectory) + "/" + file);
@@ -46,12 +42,12 @@ std::optional<PreferenceEntry> readEntry(LinuxDevice& device, const DeviceRoot* 
     if (!entry) return std::nullopt;
     PreferenceEntry result{valueForKey(*entry, "label").text(), valueForKey(*entry, "bundle").text(), "",
                            false};
-    if (!isPlainName(result.bundle)) return std::nullopt;
+    const auto bundle = preferenceBundlePath(result.bundle);
+    if (!bundle) return std::nullopt;
     if (result.label.empty()) result.label = result.bundle;
-    const auto bundle = bundleDirectory + result.bundle + ".bundle/";
     const auto& icon = valueForKey(*entry, "icon").text();
-    if (isPlainName(icon)) result.iconPath = bundle + icon;
-    result.isLoadable = base && base->open(bundle + "Info.plist", O_RDONLY);
+    if (isPlainName(icon)) result.iconPath = *bundle + icon;
+    result.isLoadable = base && base->open(*bundle + "Info.plist", O_RDONLY);
     return result;
 }
 

@@ -22,9 +22,9 @@ namespace {
 }
 
 std::string bundleDirectory(const std::string& name) {
-    if (name.empty() || name.starts_with('.') || name.find('/') != std::string::npos)
-        throw std::runtime_error("no bundle can be named '" + name + "'");
-    auto directory = baseLayerDirectory() + "/Library/PreferenceBundles/" + name + ".bundle/";
+    const auto path = preferenceBundlePath(name);
+    if (!path) throw std::runtime_error("no bundle can be named '" + name + "'");
+    auto directory = baseLayerDirectory() + *path;
     std::string cause;
     if (ownInstallation(cause).empty()) fail(directory, cause);
     return directory;
@@ -55,6 +55,15 @@ void registerClassesOf(const std::string& executable) {
 }
 
 } // namespace
+
+std::optional<std::string> preferenceBundlePath(const std::string& name) {
+    if (!isPlainName(name)) return std::nullopt;
+    return "/Library/PreferenceBundles/" + name + ".bundle/";
+}
+
+bool isPlainName(std::string_view name) {
+    return !name.empty() && !name.starts_with('.') && name.find('/') == std::string_view::npos;
+}
 
 const Class& loadPreferenceBundle(const std::string& name) {
     const auto directory = bundleDirectory(name);
