@@ -5,7 +5,6 @@
 #include "settings/Taps.h"
 
 #include "platform/uikit/UIApplication.h"
-#include "platform/uikit/UIBarButtonItem.h"
 
 #include <utility>
 
@@ -17,29 +16,43 @@ Page::Page(std::shared_ptr<UIViewController> controller, Taps& taps)
 }
 
 void Page::look() {
-    auto& item = controller_->navigationItem();
-    const auto button = item.rightBarButtonItem();
     changes_.followNothing();
     changes_.follow(*controller_);
-    changes_.follow(item);
+    changes_.follow(controller_->navigationItem());
     changes_.follow(*controller_->view());
     changes_.follow(*UIApplication::sharedApplication());
-    if (button) changes_.follow(*button);
-
-    title_ = QString::fromStdString(controller_->title());
-    hasRightButton_ = button != nullptr;
-    rightImage_ = button ? Images::address(button->image()) : QString();
-    rightLabel_ = button ? QString::fromStdString(button->accessibilityLabel()) : QString();
-    tint_ = toQColor(controller_->view()->tintColor());
-    const auto& appearance =
-        UIApplication::sharedApplication()->appearanceWhenContainedIn(controller_->isa());
-    segmentTint_ = toQColor(appearance.segmentedControlTintColor);
-    switchTint_ = toQColor(appearance.switchOnTintColor);
+    if (const auto& button = rightButton()) changes_.follow(*button);
     emit changed();
 }
 
+const std::shared_ptr<UIBarButtonItem>& Page::rightButton() const {
+    return controller_->navigationItem().rightBarButtonItem();
+}
+
+QString Page::rightImage() const {
+    const auto& button = rightButton();
+    return button ? Images::address(button->image()) : QString();
+}
+
+QString Page::rightLabel() const {
+    const auto& button = rightButton();
+    return button ? QString::fromStdString(button->accessibilityLabel()) : QString();
+}
+
+QColor Page::tint() const { return toQColor(controller_->view()->tintColor()); }
+
+QColor Page::segmentTint() const {
+    const auto& application = *UIApplication::sharedApplication();
+    return toQColor(application.appearanceWhenContainedIn(controller_->isa()).segmentedControlTintColor);
+}
+
+QColor Page::switchTint() const {
+    const auto& application = *UIApplication::sharedApplication();
+    return toQColor(application.appearanceWhenContainedIn(controller_->isa()).switchOnTintColor);
+}
+
 void Page::tapRightButton() {
-    taps_.add([button = controller_->navigationItem().rightBarButtonItem()] {
+    taps_.add([button = rightButton()] {
         if (button) button->tap();
     });
 }

@@ -3,6 +3,8 @@
 #include "settings/Refresh.h"
 #include "settings/Table.h"
 
+#include "platform/uikit/UIBarButtonItem.h"
+
 #include <memory>
 #include <QColor>
 #include <QObject>
@@ -15,22 +17,29 @@ class Page : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The stack makes them")
-    Q_PROPERTY(QString title MEMBER title_ NOTIFY changed)
-    Q_PROPERTY(bool hasRightButton MEMBER hasRightButton_ NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(bool hasRightButton READ hasRightButton NOTIFY changed)
     /// "" where the button has no image that can be shown.
-    Q_PROPERTY(QString rightImage MEMBER rightImage_ NOTIFY changed)
+    Q_PROPERTY(QString rightImage READ rightImage NOTIFY changed)
     /// What stands for that image.
-    Q_PROPERTY(QString rightLabel MEMBER rightLabel_ NOTIFY changed)
+    Q_PROPERTY(QString rightLabel READ rightLabel NOTIFY changed)
     // An invalid colour stands for the window's own.
-    Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY changed)
-    Q_PROPERTY(QColor segmentTint MEMBER segmentTint_ NOTIFY changed)
-    Q_PROPERTY(QColor switchTint MEMBER switchTint_ NOTIFY changed)
+    Q_PROPERTY(QColor tint READ tint NOTIFY changed)
+    Q_PROPERTY(QColor segmentTint READ segmentTint NOTIFY changed)
+    Q_PROPERTY(QColor switchTint READ switchTint NOTIFY changed)
     Q_PROPERTY(prismo::settings::Table* table READ table CONSTANT)
 
   public:
     Page(std::shared_ptr<UIViewController> controller, Taps& taps);
 
     const std::shared_ptr<UIViewController>& controller() const { return controller_; }
+    QString title() const { return QString::fromStdString(controller_->title()); }
+    bool hasRightButton() const { return rightButton() != nullptr; }
+    QString rightImage() const;
+    QString rightLabel() const;
+    QColor tint() const;
+    QColor segmentTint() const;
+    QColor switchTint() const;
     Table* table() { return &table_; }
 
     /// A person taps the right button of the navigation bar.
@@ -40,18 +49,12 @@ class Page : public QObject {
     void changed();
 
   private:
+    const std::shared_ptr<UIBarButtonItem>& rightButton() const;
     void look();
 
     std::shared_ptr<UIViewController> controller_;
     Taps& taps_;
     Table table_;
-    QString title_;
-    bool hasRightButton_ = false;
-    QString rightImage_;
-    QString rightLabel_;
-    QColor tint_;
-    QColor segmentTint_;
-    QColor switchTint_;
     Refresh changes_{[this] { look(); }};
 };
 

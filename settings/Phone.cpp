@@ -40,13 +40,11 @@ void Phone::lookAtPages() {
     pages_.show({stack.begin(), stack.end()});
 }
 
-void Phone::lookAtBar() {
-    const auto& bar = *navigation_->navigationBar();
-    tint_ = toQColor(bar.tintColor());
-    barTint_ = toQColor(bar.barTintColor());
-    titleColor_ = toQColor(bar.titleColor());
-    emit barChanged();
-}
+QColor Phone::tint() const { return toQColor(navigation_->navigationBar()->tintColor()); }
+
+QColor Phone::barTint() const { return toQColor(navigation_->navigationBar()->barTintColor()); }
+
+QColor Phone::titleColor() const { return toQColor(navigation_->navigationBar()->titleColor()); }
 
 void Phone::lookAtApplication() {
     const auto& application = *UIApplication::sharedApplication();

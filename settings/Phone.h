@@ -32,9 +32,9 @@ class Phone : public QObject {
     Q_PROPERTY(prismo::settings::Notices* notices READ notices CONSTANT)
     Q_PROPERTY(prismo::settings::RecentColors* recentColors READ recentColors CONSTANT)
     // Of the navigation bar; an invalid colour stands for the window's own.
-    Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY barChanged)
-    Q_PROPERTY(QColor barTint MEMBER barTint_ NOTIFY barChanged)
-    Q_PROPERTY(QColor titleColor MEMBER titleColor_ NOTIFY barChanged)
+    Q_PROPERTY(QColor tint READ tint NOTIFY barChanged)
+    Q_PROPERTY(QColor barTint READ barTint NOTIFY barChanged)
+    Q_PROPERTY(QColor titleColor READ titleColor NOTIFY barChanged)
     /// The directory that stands for the phone.
     Q_PROPERTY(QString rootPath READ rootPath CONSTANT)
     Q_PROPERTY(QString rootName READ rootName CONSTANT)
@@ -58,6 +58,9 @@ class Phone : public QObject {
     bool coversStatusBar() const;
     Notices* notices() { return &notices_; }
     RecentColors* recentColors() { return &recentColors_; }
+    QColor tint() const;
+    QColor barTint() const;
+    QColor titleColor() const;
     QString rootPath() const { return start_.rootPath; }
     QString rootName() const;
     UINavigationController& navigation() { return *navigation_; }
@@ -74,7 +77,6 @@ class Phone : public QObject {
   private:
     std::unique_ptr<QObject> makeOverlay(const std::shared_ptr<NSObject>& object);
     void lookAtPages();
-    void lookAtBar();
     void lookAtApplication();
     void lookAtWindow();
 
@@ -87,11 +89,8 @@ class Phone : public QObject {
     Stage pages_;
     Stage overlays_;
     std::vector<std::unique_ptr<Banner>> banners_;
-    QColor tint_;
-    QColor barTint_;
-    QColor titleColor_;
     Refresh pageChanges_{[this] { lookAtPages(); }};
-    Refresh barChanges_{[this] { lookAtBar(); }};
+    Refresh barChanges_{[this] { emit barChanged(); }};
     Refresh applicationChanges_{[this] { lookAtApplication(); }};
     Refresh windowChanges_{[this] { lookAtWindow(); }};
 };
