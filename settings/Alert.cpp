@@ -1,12 +1,11 @@
 #include "settings/Alert.h"
 
-#include "settings/Taps.h"
-
 #include <utility>
 
 namespace prismo::settings {
 
-Alert::Alert(std::shared_ptr<UIAlertView> alert, Taps& taps) : alert_(std::move(alert)), taps_(taps) {}
+Alert::Alert(std::shared_ptr<UIAlertView> alert, Taps& taps)
+    : Overlay(alert, taps), alert_(std::move(alert)) {}
 
 QString Alert::title() const { return QString::fromStdString(alert_->title().value_or("")); }
 
@@ -21,9 +20,7 @@ QStringList Alert::buttons() const {
 
 void Alert::click(int button) {
     if (button < 0 || static_cast<std::size_t>(button) >= alert_->buttonTitles().size()) return;
-    taps_.add([alert = alert_, button, answered = answered_] {
-        if (!std::exchange(*answered, true)) alert->clickButtonAtIndex(static_cast<std::size_t>(button));
-    });
+    end([alert = alert_, button] { alert->clickButtonAtIndex(static_cast<std::size_t>(button)); });
 }
 
 } // namespace prismo::settings

@@ -10,8 +10,6 @@
 
 namespace prismo::settings {
 
-class Taps;
-
 /// A question over everything else, for QML.
 class Alert : public prismo::settings::Overlay {
     Q_OBJECT
@@ -34,9 +32,6 @@ class Alert : public prismo::settings::Overlay {
 
   private:
     std::shared_ptr<UIAlertView> alert_;
-    Taps& taps_;
-    /// A second click before the first has been handled is none.
-    std::shared_ptr<bool> answered_ = std::make_shared<bool>(false);
 };
 
 } // namespace prismo::settings

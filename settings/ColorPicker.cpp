@@ -9,7 +9,7 @@
 namespace prismo::settings {
 
 ColorPicker::ColorPicker(std::shared_ptr<SWColorAlert> picker, RecentColors& recentColors, Taps& taps)
-    : picker_(std::move(picker)), recentColors_(recentColors), taps_(taps),
+    : Overlay(picker, taps), picker_(std::move(picker)), recentColors_(recentColors),
       // At once: what is dragged has to follow the pointer.
       subscription_(picker_->observe([this] { emit changed(); })) {}
 
@@ -28,12 +28,14 @@ bool ColorPicker::setHexText(const QString& text) {
 }
 
 void ColorPicker::accept() {
-    recentColors_.add(hexText());
-    taps_.add([picker = picker_] { picker->accept(); });
+    end([picker = picker_, &recentColors = recentColors_] {
+        recentColors.add(QString::fromStdString(picker->hexText()));
+        picker->accept();
+    });
 }
 
 void ColorPicker::dismiss() {
-    taps_.add([picker = picker_] { picker->cancel(); });
+    end([picker = picker_] { picker->cancel(); });
 }
 
 } // namespace prismo::settings

@@ -12,7 +12,6 @@
 namespace prismo::settings {
 
 class RecentColors;
-class Taps;
 
 /// The colour picker for QML. Components are from 0 to 1.
 class ColorPicker : public prismo::settings::Overlay {
@@ -54,7 +53,6 @@ class ColorPicker : public prismo::settings::Overlay {
   private:
     std::shared_ptr<SWColorAlert> picker_;
     RecentColors& recentColors_;
-    Taps& taps_;
     Subscription subscription_;
 };
 

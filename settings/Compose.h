@@ -10,8 +10,6 @@
 
 namespace prismo::settings {
 
-class Taps;
-
 /// The sheet on which a post is written, for QML.
 class Compose : public prismo::settings::Overlay {
     Q_OBJECT
@@ -34,7 +32,6 @@ class Compose : public prismo::settings::Overlay {
 
   private:
     std::shared_ptr<SLComposeViewController> sheet_;
-    Taps& taps_;
     Refresh changes_{[this] { emit textChanged(); }};
 };
 

@@ -53,7 +53,18 @@ TEST_F(ColorPickerTest, DismissingStoresNothing) {
 TEST_F(ColorPickerTest, AcceptedColorIsARecentOne) {
     EXPECT_TRUE(picker().setHexText("3366FF"));
     picker().accept();
+    settle();
     EXPECT_EQ(phone.recentColors()->texts(), QStringList{"#3366ff"});
+}
+
+TEST_F(ColorPickerTest, CancelledColorIsNotChosenAfterwards) {
+    auto& cancelled = picker();
+    EXPECT_TRUE(cancelled.setHexText("3366FF"));
+    cancelled.dismiss();
+    cancelled.accept();
+    settlePage();
+    EXPECT_TRUE(phone.recentColors()->texts().isEmpty());
+    EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#808080:1.000000");
 }
 
 TEST(RecentColorsTest, AreKeptInTheStateFileNewestFirst) {

@@ -8,6 +8,7 @@
 #include "kit/FBWelcomeTwitterHandler.h"
 
 #include <QColor>
+#include <utility>
 
 namespace prismo::settings {
 namespace {
@@ -34,14 +35,37 @@ TEST_F(OverlaysTest, AlertEndsWithAButton) {
     EXPECT_EQ(phone.overlays()->depth(), 0);
 }
 
+/// Counts, and may ask once more.
+struct Answers : UIAlertViewDelegate {
+    void alertViewClickedButtonAtIndex(UIAlertView& alert, std::size_t /*index*/) override {
+        ++count;
+        if (std::exchange(asksAgain, false)) alert.show();
+    }
+    int count = 0;
+    bool asksAgain = false;
+};
+
 TEST_F(OverlaysTest, AlertIsAnsweredOnce) {
-    const auto alert = std::make_shared<UIAlertView>("Title", "Message", nullptr, "Cancel");
-    alert->show();
+    const auto answers = std::make_shared<Answers>();
+    std::make_shared<UIAlertView>("Title", "Message", answers, "Cancel")->show();
     auto& shown = overlay<Alert>();
     shown.click(0);
     shown.click(0);
     settle();
-    EXPECT_TRUE(UIApplication::sharedApplication()->presented().empty());
+    shown.click(0);
+    settle();
+    EXPECT_EQ(answers->count, 1);
+}
+
+TEST_F(OverlaysTest, AlertThatIsShownAgainIsAnsweredAgain) {
+    const auto answers = std::make_shared<Answers>();
+    answers->asksAgain = true;
+    std::make_shared<UIAlertView>("Title", "Message", answers, "Cancel")->show();
+    overlay<Alert>().click(0);
+    overlay<Alert>().click(0);
+    settle();
+    EXPECT_EQ(answers->count, 2);
+    EXPECT_EQ(phone.overlays()->depth(), 0);
 }
 
 TEST_F(OverlaysTest, ComposeSheetSendsWhatWasWritten) {
@@ -53,6 +77,19 @@ TEST_F(OverlaysTest, ComposeSheetSendsWhatWasWritten) {
     settle();
     ASSERT_EQ(links().size(), 1U);
     EXPECT_EQ(links()[0], "openURL https://twitter.com/intent/tweet?text=a%20b yes");
+}
+
+TEST_F(OverlaysTest, ComposeSheetSendsOnce) {
+    device.setLinkSchemes({"https"});
+    openModule();
+    top().tapRightButton();
+    auto& sheet = overlay<Compose>();
+    sheet.send();
+    sheet.send();
+    settle();
+    sheet.send();
+    settle();
+    EXPECT_EQ(links().size(), 1U);
 }
 
 struct BannerTest : PhoneWorld {
