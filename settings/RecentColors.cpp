@@ -10,15 +10,17 @@ namespace prismo::settings {
 namespace {
 
 constexpr const char* key = "recentColors";
-constexpr qsizetype most = 8;
 
 } // namespace
 
 RecentColors::RecentColors(QString stateFile) : stateFile_(std::move(stateFile)) {
     if (stateFile_.isEmpty()) return;
     const auto kept = QSettings(stateFile_, QSettings::IniFormat).value(key).toStringList();
-    for (const auto& text : kept)
-        if (texts_.size() < most && colorFromText(text.toStdString())) texts_ += text;
+    for (const auto& text : kept) {
+        const auto color = colorFromText(text.toStdString());
+        if (texts_.size() < most && color) texts_ += QString::fromStdString(hexFromColor(*color));
+    }
+    texts_.removeDuplicates();
 }
 
 void RecentColors::add(const QString& text) {

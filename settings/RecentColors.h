@@ -13,8 +13,12 @@ class RecentColors : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The screen has them")
     Q_PROPERTY(QStringList texts READ texts NOTIFY changed)
+    Q_PROPERTY(int most MEMBER most CONSTANT)
 
   public:
+    /// So many are kept.
+    static constexpr int most = 8;
+
     /// `stateFile` is read now and written at each addition; "" keeps them in memory only.
     explicit RecentColors(QString stateFile);
 

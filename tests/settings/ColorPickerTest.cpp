@@ -2,6 +2,7 @@
 #include "tests/settings/PhoneWorld.h"
 
 #include <QColor>
+#include <QSettings>
 #include <QTemporaryDir>
 
 namespace prismo::settings {
@@ -74,6 +75,14 @@ TEST(RecentColorsTest, AreKeptInTheStateFileNewestFirst) {
     for (const auto* text : {"#111111", "#222222", "#111111"})
         first.add(text);
     EXPECT_EQ(RecentColors(file).texts(), QStringList({"#111111", "#222222"}));
+}
+
+TEST(RecentColorsTest, AreReadInOneSpelling) {
+    const QTemporaryDir directory;
+    const auto file = directory.filePath("settings.ini");
+    const QStringList kept{"36f", "#3366FF", "no color", "#111111:0.5"};
+    QSettings(file, QSettings::IniFormat).setValue("recentColors", kept);
+    EXPECT_EQ(RecentColors(file).texts(), QStringList({"#3366ff", "#111111"}));
 }
 
 TEST(RecentColorsTest, AreEightAtMost) {
