@@ -8,8 +8,14 @@ namespace {
 
 enum NoticeRole { HeadlineRole = Qt::UserRole, TextRole };
 
-QString headlineOf(FileProblem::Kind kind) {
-    switch (kind) {
+/// Through this directory of a root changes are made known between programs.
+bool isNotifyDirectory(const std::string& path) { return path.ends_with("/var/run/notify"); }
+
+QString headlineOf(const FileProblem& problem) {
+    if (isNotifyDirectory(problem.path))
+        return problem.kind == FileProblem::Kind::unwritable ? Notices::tr("Other Programs Are Not Told")
+                                                             : Notices::tr("Changes by Others Are Not Seen");
+    switch (problem.kind) {
     case FileProblem::Kind::unreadable:
         return Notices::tr("Cannot Be Read");
     case FileProblem::Kind::malformed:
@@ -30,11 +36,21 @@ void Notices::add(const FileProblem& problem) {
     const bool isSaid = std::ranges::find(said_, problem) != said_.end();
     if (isSaid && problem.kind != FileProblem::Kind::unwritable) return;
     if (!isSaid) said_.push_back(problem);
-    add(headlineOf(problem.kind), QString::fromStdString(problem.path + ": " + problem.cause));
+    if (!isToldWithWrite(problem))
+        show({headlineOf(problem), QString::fromStdString(problem.path + ": " + problem.cause), problem});
 }
 
-void Notices::add(const QString& headline, const QString& text) {
-    const Notice notice{headline, text};
+bool Notices::isToldWithWrite(const FileProblem& problem) const {
+    return isNotifyDirectory(problem.path) && problem.kind == FileProblem::Kind::unwritable &&
+           std::ranges::any_of(shown_, [&](const Notice& other) {
+               return other.problem && other.problem->kind == problem.kind &&
+                      other.problem->cause == problem.cause;
+           });
+}
+
+void Notices::add(const QString& headline, const QString& text) { show({headline, text, {}}); }
+
+void Notices::show(const Notice& notice) {
     if (std::ranges::find(shown_, notice) != shown_.end()) return;
     beginInsertRows({}, rowCount(), rowCount());
     shown_.push_back(notice);
