@@ -4,49 +4,14 @@ import QtQuick
 import Prismo.Settings
 
 // A question over everything else.
-FocusScope {
+OverlayView {
     id: view
 
-    required property Alert object
-    readonly property Alert alert: object
-    required property bool isLeaving
-    property real presence: 0
+    readonly property Alert alert: object as Alert
     readonly property bool isStacked: alert.buttons.length > 2
-    signal gone
 
+    duration: 200
 
-    focus: true
-
-    Component.onCompleted: {
-        appear.start();
-        forceActiveFocus();
-    }
-    onIsLeavingChanged: appear.restart()
-
-    NumberAnimation {
-        id: appear
-        target: view
-        property: "presence"
-        to: view.isLeaving ? 0 : 1
-        duration: 200
-        easing.type: Easing.OutCubic
-        onFinished: {
-            if (view.isLeaving)
-                view.gone();
-        }
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.dim
-        opacity: view.presence
-
-        MouseArea {
-            anchors.fill: parent
-            hoverEnabled: true
-            onWheel: wheel => wheel.accepted = true
-        }
-    }
     Rectangle {
         id: card
 

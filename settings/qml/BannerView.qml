@@ -7,11 +7,18 @@ Rectangle {
 
     required property Banner modelData
 
+    // By whatever means: assistive technology reaches also what an overlay shuts off.
+    function tap() {
+        if (view.enabled)
+            view.modelData.tap();
+    }
+
     x: modelData.frame.x
     y: modelData.frame.y
     width: modelData.frame.width
     height: modelData.frame.height
     visible: !modelData.isHidden && opacity > 0
+    enabled: visible
     opacity: modelData.opacity
     color: modelData.color
     activeFocusOnTab: visible
@@ -19,11 +26,11 @@ Rectangle {
     Accessible.role: Accessible.Button
     Accessible.name: modelData.title
     Accessible.focusable: true
-    Accessible.onPressAction: view.modelData.tap()
+    Accessible.onPressAction: view.tap()
 
-    Keys.onSpacePressed: view.modelData.tap()
-    Keys.onReturnPressed: view.modelData.tap()
-    Keys.onEnterPressed: view.modelData.tap()
+    Keys.onSpacePressed: view.tap()
+    Keys.onReturnPressed: view.tap()
+    Keys.onEnterPressed: view.tap()
 
     Label {
         anchors.fill: parent
@@ -39,7 +46,7 @@ Rectangle {
     MouseArea {
         anchors.fill: parent
         cursorShape: Qt.PointingHandCursor
-        onClicked: view.modelData.tap()
+        onClicked: view.tap()
     }
     Rectangle {
         anchors.fill: parent

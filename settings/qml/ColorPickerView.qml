@@ -7,15 +7,13 @@ import Prismo.Settings
 Sheet {
     id: view
 
-    required property ColorPicker object
-    readonly property ColorPicker picker: object
+    readonly property ColorPicker picker: object as ColorPicker
     required property RecentColors recentColors
 
     title: qsTr("Color")
     acceptText: qsTr("Choose")
     sheetHeight: 53 + content.implicitHeight + 36
     onAccepted: picker.accept()
-    onCancelled: picker.dismiss()
 
     component Caption: Label {
         color: Theme.secondaryLabel
@@ -133,7 +131,8 @@ Sheet {
                         required property string modelData
 
                         function use() {
-                            view.picker.setHexText(recent.modelData);
+                            if (recent.enabled)
+                                view.picker.setHexText(recent.modelData);
                         }
 
                         width: 34

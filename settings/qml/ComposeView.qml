@@ -5,15 +5,13 @@ import Prismo.Settings
 Sheet {
     id: view
 
-    required property Compose object
-    readonly property Compose compose: object
+    readonly property Compose compose: object as Compose
 
     title: compose.service
     acceptText: qsTr("Post")
     canAccept: compose.text !== ""
     sheetHeight: 300
     onAccepted: compose.send()
-    onCancelled: compose.dismiss()
 
     Flickable {
         anchors.fill: parent

@@ -21,86 +21,91 @@ Item {
     onWidthChanged: phone.setSize(width, height)
     onHeightChanged: phone.setSize(width, height)
 
-    PageStack {
-        id: stack
+    // All that an overlay shuts off while it is there.
+    FocusScope {
+        id: ground
 
         anchors.fill: parent
         focus: true
-        phone: view.phone
         enabled: view.phone.overlays.depth === 0
         onEnabledChanged: {
             if (enabled)
-                takeFocus();
+                forceActiveFocus();
+        }
+
+        // What had the focus has gone.
+        Connections {
+            target: ground.Window.window
+            function onActiveFocusItemChanged() {
+                if (ground.Window.activeFocusItem === ground)
+                    stack.takeFocus();
+            }
+        }
+        PageStack {
+            id: stack
+
+            anchors.fill: parent
+            focus: true
+            phone: view.phone
+        }
+        StatusBar {
+            z: 2
+            width: parent.width
+            rootName: view.phone.rootName
+            rootPath: view.phone.rootPath
+            // What covers it can be seen through a little.
+            opacity: view.phone.coversStatusBar ? 0 : 1
+
+            Behavior on opacity { NumberAnimation { duration: 300 } }
+        }
+        Item {
+            z: view.phone.coversStatusBar ? 3 : 1
+            width: parent.width
+            height: Theme.statusBarHeight
+
+            Repeater {
+                model: view.phone.banners
+
+                BannerView {}
+            }
+        }
+        NoticeList {
+            z: 4
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 16
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(parent.width - 24, 520)
+            notices: view.phone.notices
         }
     }
-    StatusBar {
-        z: 2
-        width: parent.width
-        rootName: view.phone.rootName
-        rootPath: view.phone.rootPath
-        // What covers it can be seen through a little.
-        opacity: view.phone.coversStatusBar ? 0 : 1
+    Repeater {
+        model: view.phone.overlays
 
-        Behavior on opacity { NumberAnimation { duration: 300 } }
-    }
-    Item {
-        z: view.phone.coversStatusBar ? 3 : 1
-        width: parent.width
-        height: Theme.statusBarHeight
+        delegate: DelegateChooser {
+            role: "kind"
 
-        Repeater {
-            model: view.phone.banners
-
-            BannerView {}
-        }
-    }
-    NoticeList {
-        z: 4
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: 16
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width - 24, 520)
-        notices: view.phone.notices
-    }
-    Item {
-        z: 5
-        anchors.fill: parent
-
-        Repeater {
-            id: overlays
-
-            model: view.phone.overlays
-
-            delegate: DelegateChooser {
-                role: "kind"
-
-                DelegateChoice {
-                    roleValue: "Alert"
-                    AlertView {
-                        anchors.fill: parent
-                        onGone: view.phone.overlays.remove(object)
-                    }
+            DelegateChoice {
+                roleValue: "Alert"
+                AlertView {
+                    stage: view.phone.overlays
                 }
-                DelegateChoice {
-                    roleValue: "ColorPicker"
-                    ColorPickerView {
-                        anchors.fill: parent
-                        recentColors: view.phone.recentColors
-                        onGone: view.phone.overlays.remove(object)
-                    }
+            }
+            DelegateChoice {
+                roleValue: "ColorPicker"
+                ColorPickerView {
+                    stage: view.phone.overlays
+                    recentColors: view.phone.recentColors
                 }
-                DelegateChoice {
-                    roleValue: "Compose"
-                    ComposeView {
-                        anchors.fill: parent
-                        onGone: view.phone.overlays.remove(object)
-                    }
+            }
+            DelegateChoice {
+                roleValue: "Compose"
+                ComposeView {
+                    stage: view.phone.overlays
                 }
             }
         }
     }
     MouseArea {
-        z: 6
         anchors.fill: parent
         acceptedButtons: Qt.BackButton
         onClicked: view.goBack()

@@ -3,57 +3,20 @@ import Prismo.Settings
 
 // What comes over the page from below and waits for the person: a card with a bar of its own. On a wide window it
 // stands in the middle.
-FocusScope {
+OverlayView {
     id: sheet
 
-    required property bool isLeaving
     property string title
     property string acceptText
     property bool canAccept: true
     property real sheetHeight: 480
-    // 0 out of sight, 1 there.
-    property real presence: 0
     readonly property bool isWide: width > 560
     readonly property real margin: isWide ? (width - 420) / 2 : 0
-    default property alias content: body.data
+    default property alias sheetContent: body.data
     signal accepted
-    signal cancelled
-    signal gone
 
+    onDimTapped: object.dismiss()
 
-    focus: true
-
-    Component.onCompleted: {
-        appear.start();
-        forceActiveFocus();
-    }
-    onIsLeavingChanged: appear.restart()
-
-    NumberAnimation {
-        id: appear
-        target: sheet
-        property: "presence"
-        to: sheet.isLeaving ? 0 : 1
-        duration: Theme.slow
-        easing.type: Easing.OutQuart
-        onFinished: {
-            if (sheet.isLeaving)
-                sheet.gone();
-        }
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.dim
-        opacity: sheet.presence
-
-        MouseArea {
-            anchors.fill: parent
-            hoverEnabled: true
-            onWheel: wheel => wheel.accepted = true
-            onClicked: sheet.cancelled()
-        }
-    }
     Rectangle {
         id: card
 
@@ -77,7 +40,7 @@ FocusScope {
             id: cancelButton
             text: qsTr("Cancel")
             height: 52
-            onClicked: sheet.cancelled()
+            onClicked: sheet.object.dismiss()
         }
         Label {
             anchors.horizontalCenter: parent.horizontalCenter

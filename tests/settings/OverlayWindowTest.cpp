@@ -1,0 +1,180 @@
+// What stands over the pages, as a person meets it: with the pointer, the keyboard or a screen reader.
+
+#include "settings/Banner.h"
+#include "settings/ColorPicker.h"
+#include "tests/settings/WindowWorld.h"
+
+#include "platform/uikit/UIAlertView.h"
+
+#include <algorithm>
+#include <QAccessible>
+#include <set>
+
+namespace prismo::settings {
+namespace {
+
+struct OverlayWindowTest : WindowWorld {
+    OverlayWindowTest() { QAccessible::setActive(true); }
+
+    /// The element of that name, as a screen reader finds it; null where there is none.
+    QAccessibleInterface* element(const QString& name) {
+        settle();
+        return elementIn(*QAccessible::queryAccessibleInterface(&window()), name);
+    }
+    static QAccessibleInterface* elementIn(QAccessibleInterface& parent, const QString& name) {
+        for (int i = 0; i < parent.childCount(); ++i) {
+            auto* const child = parent.child(i);
+            if (!child || child->state().invisible) continue;
+            if (child->text(QAccessible::Name) == name) return child;
+            if (auto* const found = elementIn(*child, name)) return found;
+        }
+        return nullptr;
+    }
+    bool focuses(const QString& name) {
+        const auto* const found = element(name);
+        return found && found->object() == window().activeFocusItem();
+    }
+    bool focusIsOnPage() { return window().activeFocusItem() == line(1) || isInTable(); }
+    bool isInTable() {
+        for (const auto* item = window().activeFocusItem(); item; item = item->parentItem())
+            if (item->objectName() == "table") return true;
+        return false;
+    }
+    /// As a screen reader presses it.
+    void pressElement(const QString& name) {
+        auto* const found = element(name);
+        ASSERT_TRUE(found) << name.toStdString();
+        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        settlePage();
+    }
+    void clickElement(const QString& name) {
+        const auto* const found = element(name);
+        ASSERT_TRUE(found) << name.toStdString();
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, window().mapFromGlobal(found->rect().center()));
+    }
+    QRect place(const QString& name) {
+        const auto* const found = element(name);
+        return found ? QRect(window().mapFromGlobal(found->rect().topLeft()), found->rect().size()) : QRect();
+    }
+    /// All that Tab reaches, by what a screen reader calls it.
+    std::set<QString> reachedByTab() {
+        std::set<QString> names;
+        constexpr int enough = 80;
+        for (int i = 0; i < enough; ++i) {
+            press(Qt::Key_Tab);
+            if (auto* const item = window().activeFocusItem())
+                if (const auto* const found = QAccessible::queryAccessibleInterface(item))
+                    names.insert(found->text(QAccessible::Name));
+        }
+        return names;
+    }
+    void type(const char* text) {
+        for (; *text; ++text)
+            QTest::keyClick(&window(), *text);
+    }
+    void resize(int width, int height) {
+        window().resize(width, height);
+        ASSERT_TRUE(waitFor([&] {
+            return UIScreen::mainScreen()->bounds() == CGRect{{0, 0}, {double(width), double(height)}};
+        }));
+    }
+
+    void showBanner() {
+        device.postFromOutside(changeNotification);
+        ASSERT_TRUE(waitFor([&] { return element(bannerTitle) != nullptr; }));
+    }
+    ColorPicker& openPicker() {
+        click("Global Color");
+        EXPECT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
+        // Until it has come in all the way.
+        QTest::qWait(400);
+        return dynamic_cast<ColorPicker&>(*phone.overlays()->top());
+    }
+    bool isAlone() { return phone.overlays()->rowCount() == 0; }
+    static const QQuickItem* itemWithText(const QQuickItem& parent, const QString& text) {
+        for (const auto* item : parent.childItems()) {
+            if (item->property("text") == text) return item;
+            if (const auto* const found = itemWithText(*item, text)) return found;
+        }
+        return nullptr;
+    }
+
+    const QString bannerTitle = "Prismo 2 – Tap to Respring?";
+};
+
+TEST_F(OverlayWindowTest, TabStaysInTheSheet) {
+    openModuleByHand();
+    showBanner();
+    phone.notices()->add("Headline", "Reason");
+    openPicker();
+    const auto reached = reachedByTab();
+    EXPECT_TRUE(reached.contains("Choose"));
+    for (const auto& below : {bannerTitle, QString("Dismiss"), QString("Back")})
+        EXPECT_FALSE(reached.contains(below)) << below.toStdString();
+}
+
+TEST_F(OverlayWindowTest, BannerBelowTheSheetCannotBePressed) {
+    openModuleByHand();
+    showBanner();
+    openPicker();
+    pressElement(bannerTitle);
+    EXPECT_TRUE(effectsOfKind("spawn").empty());
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return isAlone(); }));
+    pressElement(bannerTitle);
+    EXPECT_EQ(effectsOfKind("spawn").size(), 1U);
+}
+
+TEST_F(OverlayWindowTest, OnlyTheTopmostCanBeUsed) {
+    openModuleByHand();
+    openPicker();
+    std::make_shared<UIAlertView>("Title", "Message", nullptr, "Cancel it")->show();
+    ASSERT_TRUE(waitFor([&] { return focuses("Cancel it"); }));
+    EXPECT_EQ(reachedByTab(), std::set<QString>{"Cancel it"});
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return focuses("Hue and Saturation"); }));
+}
+
+TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
+    device.setLinkSchemes({"https"});
+    openModuleByHand();
+    top().tapRightButton();
+    ASSERT_TRUE(waitFor([&] { return element("Cancel") != nullptr; }));
+    QTest::qWait(400);
+    const auto post = itemWithText(*window().contentItem(), "Post");
+    ASSERT_TRUE(post);
+    const auto at = post->mapToScene({post->width() / 2, post->height() / 2}).toPoint();
+    const auto before = device.propertyListReads(settingsFilePath);
+    QTest::mouseClick(&window(), Qt::LeftButton, {}, at);
+    settle();
+    for (int i = 0; i < 3; ++i)
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, at);
+    settlePage();
+    EXPECT_FALSE(isAlone());
+    EXPECT_EQ(links().size(), 1U);
+    EXPECT_EQ(device.propertyListReads(settingsFilePath), before);
+    EXPECT_EQ(phone.pages()->depth(), 2);
+    EXPECT_TRUE(waitFor([&] { return isAlone(); }));
+}
+
+TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
+    openModuleByHand();
+    phone.notices()->add("Headline", "Reason");
+    auto* const dismiss = qobject_cast<QQuickItem*>(element("Dismiss")->object());
+    dismiss->forceActiveFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(focuses("Dismiss"));
+    press(Qt::Key_Space);
+    EXPECT_TRUE(waitFor([&] { return phone.notices()->rowCount() == 0 && isInTable(); }));
+}
+
+TEST_F(OverlayWindowTest, FocusOfABannerThatGoesGoesBackToThePage) {
+    openModuleByHand();
+    showBanner();
+    qobject_cast<QQuickItem*>(element(bannerTitle)->object())->forceActiveFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(focuses(bannerTitle));
+    runFor(7);
+    EXPECT_TRUE(waitFor([&] { return phone.banners().isEmpty() && isInTable(); }));
+}
+
+} // namespace
+} // namespace prismo::settings
