@@ -1,25 +1,23 @@
 import QtQuick
 import Prismo.Settings
 
-// Hue from left to right, saturation from bottom to top, at the brightness that is set.
-Item {
+// Hue from left to right, saturation from bottom to top, at the brightness that is set. The hue is its value.
+Adjustable {
     id: field
 
     required property ColorPicker picker
 
+    // The picker takes what is beyond its bounds for the bound.
     function pick(hue: real, saturation: real) {
-        field.picker.setHSB(Math.max(0, Math.min(1, hue)), Math.max(0, Math.min(1, saturation)), field.picker.brightness);
+        field.picker.setHSB(hue, saturation, field.picker.brightness);
     }
 
     implicitHeight: 190
-    activeFocusOnTab: true
+    level: picker.hue
+    onMoved: value => field.pick(value, field.picker.saturation)
 
-    Accessible.role: Accessible.Slider
     Accessible.name: qsTr("Hue and Saturation")
     Accessible.description: qsTr("Hue %1°, saturation %2 %").arg(Math.round(picker.hue * 360)).arg(Math.round(picker.saturation * 100))
-    Accessible.focusable: true
-    Accessible.onIncreaseAction: field.pick(field.picker.hue + 0.05, field.picker.saturation)
-    Accessible.onDecreaseAction: field.pick(field.picker.hue - 0.05, field.picker.saturation)
 
     Keys.onPressed: event => {
         const step = (event.modifiers & Qt.ShiftModifier) ? 0.1 : 0.01;

@@ -35,7 +35,7 @@ Sheet {
         ColorSlider {
             width: parent.width
             name: qsTr("Brightness")
-            value: view.picker.brightness
+            level: view.picker.brightness
             to: Qt.hsva(view.picker.hue, view.picker.saturation, 1, 1)
             onMoved: value => view.picker.setHSB(view.picker.hue, view.picker.saturation, value)
         }
@@ -44,7 +44,7 @@ Sheet {
             visible: view.picker.showsAlpha
             name: qsTr("Opacity")
             isTransparent: true
-            value: view.picker.alpha
+            level: view.picker.alpha
             from: "transparent"
             to: Qt.rgba(view.picker.color.r, view.picker.color.g, view.picker.color.b, 1)
             onMoved: value => view.picker.setAlpha(value)

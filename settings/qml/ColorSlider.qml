@@ -1,48 +1,37 @@
 import QtQuick
 import Prismo.Settings
 
-// A value from 0 to 1 on a track of colours.
-Item {
+// A value on a track of colours.
+Adjustable {
     id: slider
 
-    required property real value
     required property string name
     property color from: "#000000"
     property color to: "#ffffff"
     // Transparency shows on a pattern.
     property bool isTransparent: false
-    signal moved(real value)
-
-    function move(to: real) {
-        slider.moved(Math.max(0, Math.min(1, to)));
-    }
 
     implicitHeight: 32
-    activeFocusOnTab: true
 
-    Accessible.role: Accessible.Slider
     Accessible.name: name
-    Accessible.description: Math.round(value * 100) + " %"
-    Accessible.focusable: true
-    Accessible.onIncreaseAction: slider.move(slider.value + 0.05)
-    Accessible.onDecreaseAction: slider.move(slider.value - 0.05)
+    Accessible.description: Math.round(level * 100) + " %"
 
     Keys.onPressed: event => {
         const step = (event.modifiers & Qt.ShiftModifier) ? 0.1 : 0.01;
         switch (event.key) {
         case Qt.Key_Left:
         case Qt.Key_Down:
-            slider.move(slider.value - step);
+            slider.move(slider.level - step);
             break;
         case Qt.Key_Right:
         case Qt.Key_Up:
-            slider.move(slider.value + step);
+            slider.move(slider.level + step);
             break;
         case Qt.Key_PageDown:
-            slider.move(slider.value - 0.1);
+            slider.move(slider.level - 0.1);
             break;
         case Qt.Key_PageUp:
-            slider.move(slider.value + 0.1);
+            slider.move(slider.level + 0.1);
             break;
         case Qt.Key_Home:
             slider.move(0);
@@ -82,7 +71,7 @@ Item {
         }
     }
     Rectangle {
-        x: slider.value * (slider.width - width)
+        x: slider.level * (slider.width - width)
         width: slider.height
         height: width
         radius: width / 2

@@ -157,6 +157,26 @@ TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
     EXPECT_TRUE(waitFor([&] { return isAlone(); }));
 }
 
+TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
+    openModuleByHand();
+    auto& picker = openPicker();
+    auto* brightness = element("Brightness")->valueInterface();
+    ASSERT_TRUE(brightness);
+    EXPECT_EQ(brightness->minimumValue(), 0);
+    EXPECT_EQ(brightness->maximumValue(), 1);
+    EXPECT_GT(brightness->minimumStepSize().toDouble(), 0);
+    brightness->setCurrentValue(0.25);
+    EXPECT_EQ(picker.brightness(), 0.25);
+    EXPECT_EQ(element("Brightness")->text(QAccessible::Description), "25 %");
+    brightness->setCurrentValue(7);
+    EXPECT_EQ(picker.brightness(), 1);
+    EXPECT_EQ(brightness->currentValue(), 1);
+    picker.setHSB(0.5, 1, 0.5);
+    EXPECT_EQ(brightness->currentValue(), 0.5);
+    element("Hue and Saturation")->valueInterface()->setCurrentValue(0.75);
+    EXPECT_EQ(picker.hue(), 0.75);
+}
+
 TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
     openModuleByHand();
     phone.notices()->add("Headline", "Reason");
