@@ -2,7 +2,8 @@
 
 #include "settings/Colors.h"
 #include "settings/RecentColors.h"
-#include "settings/Taps.h"
+
+#include "platform/swatchkit/ColorText.h"
 
 #include <utility>
 
@@ -16,6 +17,10 @@ ColorPicker::ColorPicker(std::shared_ptr<SWColorAlert> picker, RecentColors& rec
 QColor ColorPicker::startColor() const { return toQColor(picker_->startColor()); }
 
 QColor ColorPicker::color() const { return toQColor(picker_->color()); }
+
+QString ColorPicker::startHexText() const {
+    return QString::fromStdString(hexFromColor(picker_->startColor()));
+}
 
 void ColorPicker::setHSB(double hue, double saturation, double brightness) {
     picker_->setHSB({hue, saturation, brightness});

@@ -26,6 +26,7 @@ class ColorPicker : public prismo::settings::Overlay {
     Q_PROPERTY(double alpha READ alpha NOTIFY changed)
     Q_PROPERTY(bool showsAlpha READ showsAlpha CONSTANT)
     Q_PROPERTY(QString hexText READ hexText NOTIFY changed)
+    Q_PROPERTY(QString startHexText READ startHexText CONSTANT)
 
   public:
     ColorPicker(std::shared_ptr<SWColorAlert> picker, RecentColors& recentColors, Taps& taps);
@@ -38,6 +39,7 @@ class ColorPicker : public prismo::settings::Overlay {
     double alpha() const { return picker_->color().alpha; }
     bool showsAlpha() const { return picker_->showsAlpha(); }
     QString hexText() const { return QString::fromStdString(picker_->hexText()); }
+    QString startHexText() const;
 
     Q_INVOKABLE void setHSB(double hue, double saturation, double brightness);
     Q_INVOKABLE void setAlpha(double alpha);

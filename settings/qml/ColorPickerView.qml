@@ -12,7 +12,7 @@ Sheet {
 
     title: qsTr("Color")
     acceptText: qsTr("Choose")
-    sheetHeight: 53 + content.implicitHeight + 36
+    sheetHeight: 53 + 18 + colors.implicitHeight + 16 + controls.implicitHeight + 18
     onAccepted: picker.accept()
 
     component Caption: Label {
@@ -21,17 +21,26 @@ Sheet {
         font.weight: Font.Medium
     }
 
-    Column {
-        id: content
+    // Where there is little room, it is the field that gets smaller.
+    ColorField {
+        id: colors
 
-        y: 18
+        anchors.top: parent.top
+        anchors.topMargin: 18
+        anchors.bottom: controls.top
+        anchors.bottomMargin: 16
+        width: parent.width
+        focus: true
+        picker: view.picker
+    }
+    Column {
+        id: controls
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 18
         width: parent.width
         spacing: 16
 
-        ColorField {
-            width: parent.width
-            picker: view.picker
-        }
         ColorSlider {
             width: parent.width
             name: qsTr("Brightness")
@@ -57,11 +66,11 @@ Sheet {
             Item {
                 id: preview
 
-                width: 132
+                width: Math.min(132, caption.x - 12)
                 height: 44
 
                 Accessible.role: Accessible.StaticText
-                Accessible.name: qsTr("Before %1, now %2").arg(view.picker.startColor.toString()).arg(view.picker.color.toString())
+                Accessible.name: qsTr("Before %1, now %2").arg(view.picker.startHexText).arg(view.picker.hexText)
 
                 Checkers {
                     anchors.fill: parent
@@ -96,6 +105,7 @@ Sheet {
                 }
             }
             Caption {
+                id: caption
                 anchors.right: hex.left
                 anchors.rightMargin: 10
                 height: parent.height
@@ -107,6 +117,7 @@ Sheet {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 picker: view.picker
+                onEntered: view.accepted()
             }
         }
         Column {
@@ -120,7 +131,7 @@ Sheet {
                 Accessible.name: text
             }
             Row {
-                spacing: (content.width - 8 * 34) / 7
+                spacing: (controls.width - view.recentColors.most * 34) / (view.recentColors.most - 1)
 
                 Repeater {
                     model: view.recentColors.texts

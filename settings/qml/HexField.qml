@@ -7,6 +7,8 @@ Rectangle {
 
     required property ColorPicker picker
     property bool isValid: true
+    // Return was pressed on a colour.
+    signal entered
 
     implicitWidth: 128
     implicitHeight: 36
@@ -37,6 +39,10 @@ Rectangle {
         // Not bound: what is being typed stays as it is typed.
         Component.onCompleted: text = field.picker.hexText
         onTextEdited: field.isValid = field.picker.setHexText(text)
+        onAccepted: {
+            if (field.isValid)
+                field.entered();
+        }
         onActiveFocusChanged: {
             if (activeFocus) {
                 selectAll();

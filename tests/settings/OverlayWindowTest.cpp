@@ -157,6 +157,32 @@ TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
     EXPECT_TRUE(waitFor([&] { return isAlone(); }));
 }
 
+TEST_F(OverlayWindowTest, FocusIsInTheOpenedPickerAndThenOnThePageAgain) {
+    openModuleByHand();
+    openPicker();
+    EXPECT_TRUE(focuses("Hue and Saturation"));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return isAlone() && isInTable(); }));
+}
+
+TEST_F(OverlayWindowTest, ReturnInTheHexFieldChoosesAColorAndNothingElse) {
+    openModuleByHand();
+    openPicker();
+    ASSERT_TRUE(waitFor([&] {
+        press(Qt::Key_Tab);
+        return focuses("Hex Color");
+    }));
+    QTest::keySequence(&window(), QKeySequence("Ctrl+A"));
+    type("#12");
+    press(Qt::Key_Return);
+    settlePage();
+    EXPECT_EQ(phone.overlays()->depth(), 1);
+    type("ab34");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return isAlone(); }));
+    EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#12ab34:1.000000");
+}
+
 TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
     openModuleByHand();
     auto& picker = openPicker();
@@ -176,6 +202,37 @@ TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
     element("Hue and Saturation")->valueInterface()->setCurrentValue(0.75);
     EXPECT_EQ(picker.hue(), 0.75);
 }
+
+TEST_F(OverlayWindowTest, PickerSaysItsColorsAsTheyAreStored) {
+    store({{"global_color", "#808080:1.000000"}});
+    openModuleByHand();
+    openPicker().setHSB(0, 0, 0.5470588);
+    EXPECT_TRUE(element("Before #808080, now #8b8b8b"));
+}
+
+struct SmallWindowTest : OverlayWindowTest, testing::WithParamInterface<QSize> {};
+
+TEST_P(SmallWindowTest, PickerIsAllThere) {
+    for (const auto* color :
+         {"#111111", "#222222", "#333333", "#444444", "#555555", "#666666", "#777777", "#888888"})
+        phone.recentColors()->add(color);
+    openModuleByHand();
+    resize(GetParam().width(), GetParam().height());
+    ASSERT_TRUE(waitFor([&] { return line(row("Global Color")) != nullptr; }));
+    table().tap(row("Global Color"));
+    ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
+    QTest::qWait(400);
+    const auto card = place("Color");
+    for (const auto* name : {"Hue and Saturation", "Brightness", "Hex Color", "Recent color #111111",
+                             "Recent color #888888", "Before #de3027, now #de3027"})
+        EXPECT_TRUE(card.contains(place(name))) << name;
+    EXPECT_GT(place("Hue and Saturation").height(), 60);
+    const auto* const caption = itemWithText(*window().contentItem(), "Hex");
+    EXPECT_LT(place("Before #de3027, now #de3027").right(), caption->mapToScene({}).x());
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, SmallWindowTest, testing::Values(QSize(780, 420), QSize(320, 420)),
+                         [](const auto& tested) { return "Width" + std::to_string(tested.param.width()); });
 
 TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
     openModuleByHand();
