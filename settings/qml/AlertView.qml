@@ -61,14 +61,13 @@ OverlayView {
                 Accessible.name: text
             }
         }
-        Flickable {
+        ScrollArea {
             id: buttons
 
             anchors.top: words.bottom
             width: card.width
             height: Math.min(contentHeight, view.height - words.height - 48)
             contentHeight: view.isStacked ? view.alert.buttons.length * Theme.barHeight : Theme.barHeight
-            clip: true
 
             Repeater {
                 model: view.alert.buttons

@@ -75,6 +75,7 @@ Item {
             anchors.bottomMargin: 16
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width - 24, 520)
+            height: Math.min(contentHeight, parent.height / 2)
             notices: view.phone.notices
         }
     }

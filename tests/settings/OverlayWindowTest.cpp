@@ -234,6 +234,24 @@ TEST_P(SmallWindowTest, PickerIsAllThere) {
 INSTANTIATE_TEST_SUITE_P(Sizes, SmallWindowTest, testing::Values(QSize(780, 420), QSize(320, 420)),
                          [](const auto& tested) { return "Width" + std::to_string(tested.param.width()); });
 
+TEST_F(OverlayWindowTest, ButtonsOfALongAlertFollowTheFocus) {
+    resize(320, 420);
+    const auto alert = std::make_shared<UIAlertView>("Title", "Message", nullptr, "Cancel it");
+    for (int i = 0; i < 12; ++i)
+        alert->addButtonWithTitle("Choice " + std::to_string(i));
+    alert->show();
+    ASSERT_TRUE(waitFor([&] { return focuses("Cancel it"); }));
+    QTest::qWait(300);
+    const QRect all({}, window().size());
+    EXPECT_TRUE(all.contains(place("Cancel it")));
+    ASSERT_TRUE(waitFor([&] {
+        press(Qt::Key_Tab);
+        return focuses("Choice 0");
+    }));
+    EXPECT_TRUE(all.contains(place("Choice 0")));
+    EXPECT_FALSE(all.contains(place("Cancel it")));
+}
+
 TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
     openModuleByHand();
     phone.notices()->add("Headline", "Reason");
@@ -251,6 +269,20 @@ TEST_F(OverlayWindowTest, FocusOfABannerThatGoesGoesBackToThePage) {
     ASSERT_TRUE(focuses(bannerTitle));
     runFor(7);
     EXPECT_TRUE(waitFor([&] { return phone.banners().isEmpty() && isInTable(); }));
+}
+
+TEST_F(OverlayWindowTest, ManyNoticesLeaveHalfOfThePage) {
+    for (int i = 0; i < 20; ++i)
+        phone.notices()->add(QString("Headline %1").arg(i), "Reason");
+    ASSERT_TRUE(waitFor([&] { return element("Headline 0") != nullptr; }));
+    EXPECT_GE(place("Headline 0").top(), window().height() / 2 - 20);
+    const auto* const last = itemWithText(*window().contentItem(), "Headline 19");
+    ASSERT_TRUE(waitFor([&] {
+        press(Qt::Key_Tab);
+        const auto* const focused = window().activeFocusItem();
+        return focused && focused->parentItem() == last->parentItem()->parentItem();
+    }));
+    EXPECT_TRUE(QRect({}, window().size()).contains(place("Headline 19")));
 }
 
 } // namespace
