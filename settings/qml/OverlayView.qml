@@ -55,5 +55,10 @@ Item {
             if (enabled)
                 forceActiveFocus();
         }
+        // A page that opens below asks for it, too.
+        onFocusChanged: {
+            if (!focus && view.stage.top === view.object)
+                forceActiveFocus();
+        }
     }
 }

@@ -135,6 +135,16 @@ TEST_F(OverlayWindowTest, OnlyTheTopmostCanBeUsed) {
     EXPECT_TRUE(waitFor([&] { return focuses("Hue and Saturation"); }));
 }
 
+TEST_F(OverlayWindowTest, PageThatOpensBelowAnAlertLeavesItTheFocus) {
+    std::make_shared<UIAlertView>("Title", "Message", nullptr, "Cancel it")->show();
+    ASSERT_TRUE(waitFor([&] { return focuses("Cancel it"); }));
+    table().tap(row("Prismo 2"));
+    ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 2 && isStill(); }));
+    EXPECT_TRUE(focuses("Cancel it"));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return isAlone() && line(row("Scope", "segment"))->hasActiveFocus(); }));
+}
+
 TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
     device.setLinkSchemes({"https"});
     openModuleByHand();
