@@ -19,6 +19,11 @@ ScrollArea {
 
         Repeater {
             model: list.notices
+            // The newest is in sight.
+            onItemAdded: {
+                column.forceLayout();
+                list.contentY = Math.max(0, list.contentHeight - list.height);
+            }
 
             Rectangle {
                 id: notice
