@@ -56,7 +56,8 @@ Row rowAt(PSListController& page, NSIndexPath path, std::size_t rowsInSection) {
     result.image = Images::address(cell->image());
     result.opensPage = cell->accessoryType() == UITableViewCellAccessory::disclosureIndicator;
     result.isChecked = cell->accessoryType() == UITableViewCellAccessory::checkmark;
-    result.fontSize = cell->textLabel().font().pointSize;
+    const auto fontSize = cell->textLabel().font().pointSize;
+    if (fontSize != UIFont().pointSize) result.fontSize = fontSize;
     result.height = row->propertyForKey("height").doubleValue();
     if (result.kind == "switch") result.isChecked = row->performGetter().boolValue();
     if (result.kind == "segment") {

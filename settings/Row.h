@@ -37,7 +37,7 @@ struct Row {
     /// In points; 0 for the usual one.
     double height = 0;
     double fontSize = 0;
-    /// Of a header and footer, a Qt::AlignmentFlag.
+    /// Of a footer, a Qt::AlignmentFlag.
     int alignment = Qt::AlignLeft;
     /// Where it stands in its group's card.
     bool isFirst = false;

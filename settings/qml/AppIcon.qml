@@ -8,22 +8,21 @@ Item {
     required property string source
     required property string name
     property real size: 29
-    property bool hasPlaceholder: true
 
     implicitWidth: size
     implicitHeight: size
 
     Rectangle {
         anchors.fill: parent
-        visible: icon.hasPlaceholder && picture.status !== Image.Ready && picture.status !== Image.Loading
+        visible: picture.status !== Image.Ready && picture.status !== Image.Loading
         radius: icon.size * 0.225
-        color: Theme.dark ? "#48484d" : "#8e8e96"
+        color: Theme.placeholder
         antialiasing: true
 
         Label {
             anchors.centerIn: parent
             text: icon.name.trim().charAt(0).toUpperCase()
-            color: "#ffffff"
+            color: Theme.placeholderLabel
             font.pixelSize: icon.size * 0.52
             font.weight: Font.DemiBold
         }

@@ -15,11 +15,10 @@ TableRow {
         source: row.image
         name: row.title
     }
-    Label {
+    RowTitle {
+        line: row
         x: 41
         width: parent.width - x - 16
-        height: parent.height
-        text: row.title
-        color: row.labelColor
+        wrapMode: Text.NoWrap
     }
 }

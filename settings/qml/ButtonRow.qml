@@ -8,14 +8,13 @@ TableRow {
 
     Accessible.role: Accessible.Button
 
-    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+    titleHeight: label.implicitHeight
 
-    Label {
+    RowTitle {
         id: label
-        anchors.fill: parent
-        text: row.title
-        wrapMode: Text.Wrap
-        maximumLineCount: 3
+        line: row
+        anchors.left: parent.left
+        anchors.right: parent.right
         color: row.isEnabled ? row.tint : Theme.disabledLabel
     }
 }

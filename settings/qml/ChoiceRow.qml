@@ -11,16 +11,12 @@ TableRow {
     Accessible.checkable: true
     Accessible.checked: isChecked
 
-    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+    titleHeight: label.implicitHeight
 
-    Label {
+    RowTitle {
         id: label
+        line: row
         width: parent.width - 28
-        height: parent.height
-        text: row.title
-        wrapMode: Text.Wrap
-        maximumLineCount: 3
-        color: row.labelColor
     }
     CheckMark {
         anchors.right: parent.right

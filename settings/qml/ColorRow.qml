@@ -10,18 +10,14 @@ TableRow {
 
     Accessible.role: Accessible.Button
 
-    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+    titleHeight: label.implicitHeight
 
-    Label {
+    RowTitle {
         id: label
+        line: row
         anchors.left: parent.left
         anchors.right: dot.left
         anchors.rightMargin: 12
-        height: parent.height
-        text: row.title
-        color: row.labelColor
-        wrapMode: Text.Wrap
-        maximumLineCount: 3
     }
     Swatch {
         id: dot

@@ -16,7 +16,7 @@ Item {
 
     Label {
         id: label
-        x: Math.max(Theme.gutter, (parent.width - Theme.contentWidth) / 2) + Theme.gutter
+        x: Theme.cardInset(parent.width) + Theme.gutter
         y: 7
         width: parent.width - 2 * x
         text: footer.title.trim()

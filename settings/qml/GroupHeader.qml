@@ -16,7 +16,7 @@ Item {
     Accessible.ignored: title === ""
 
     Label {
-        x: Math.max(Theme.gutter, (parent.width - Theme.contentWidth) / 2) + Theme.gutter
+        x: Theme.cardInset(parent.width) + Theme.gutter
         width: parent.width - 2 * x
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 7

@@ -23,14 +23,13 @@ TableRow {
         name: row.title
         opacity: row.isEnabled ? 1 : 0.45
     }
-    Label {
+    RowTitle {
         id: label
+        line: row
         x: row.hasImage ? 41 : 0
         width: Math.min(implicitWidth, parent.width - x - (row.opensPage ? 20 : 0)
                         - (row.detail === "" ? 0 : Math.min(detailLabel.implicitWidth, 90) + 12))
-        height: parent.height
-        text: row.title
-        color: row.labelColor
+        wrapMode: Text.NoWrap
     }
     Label {
         id: detailLabel

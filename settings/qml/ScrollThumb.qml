@@ -12,7 +12,7 @@ Rectangle {
     height: Math.max(24, list.visibleArea.heightRatio * (list.height - 6))
     radius: 1.5
     visible: list.visibleArea.heightRatio < 1
-    color: Theme.dark ? "#99ffffff" : "#70000000"
+    color: Theme.scrollThumb
     opacity: list.moving ? 1 : 0
 
     Behavior on opacity {

@@ -50,7 +50,7 @@ TableRow {
             height: track.height - 4
             radius: 7
             color: row.thumbColor
-            border.color: Theme.dark ? "#00000000" : "#18000000"
+            border.color: Theme.segmentOutline
             antialiasing: true
 
             Behavior on x {

@@ -12,18 +12,14 @@ TableRow {
     Accessible.checked: isChecked
     Accessible.onToggleAction: row.activate()
 
-    implicitHeight: Math.max(Theme.rowHeight, label.implicitHeight + 22)
+    titleHeight: label.implicitHeight
 
-    Label {
+    RowTitle {
         id: label
+        line: row
         anchors.left: parent.left
         anchors.right: toggle.left
         anchors.rightMargin: 12
-        height: parent.height
-        text: row.title
-        color: row.labelColor
-        wrapMode: Text.Wrap
-        maximumLineCount: 3
     }
     Toggle {
         id: toggle

@@ -7,6 +7,8 @@ Item {
 
     required property int index
     required property string title
+    // In points; 0 for the usual one.
+    required property real fontSize
     required property bool isEnabled
     required property bool isFirst
     required property bool isLast
@@ -14,6 +16,8 @@ Item {
     // What a screen reader says after the title.
     property string explanation
     property real separatorInset: Theme.gutter
+    property real titleHeight: 0
+    readonly property real titleSize: fontSize > 0 ? fontSize : Theme.bodySize
     readonly property color labelColor: isEnabled ? Theme.label : Theme.disabledLabel
     readonly property bool isPressed: area.pressed && isTappable && isEnabled
     default property alias content: body.data
@@ -26,7 +30,7 @@ Item {
 
     width: ListView.view ? ListView.view.width : implicitWidth
     implicitWidth: 360
-    implicitHeight: Theme.rowHeight
+    implicitHeight: Math.max(Theme.rowHeight, Math.ceil(titleHeight) + Theme.rowPadding)
     enabled: isEnabled
 
     Accessible.name: title
@@ -41,7 +45,7 @@ Item {
 
     Item {
         id: card
-        x: Math.max(Theme.gutter, (row.width - Theme.contentWidth) / 2)
+        x: Theme.cardInset(row.width)
         width: row.width - 2 * x
         height: row.height
 

@@ -8,9 +8,8 @@ TableRow {
     required property string image
     required property bool opensPage
     required property real rowHeight
-    required property real fontSize
 
-    implicitHeight: Math.max(Theme.rowHeight, rowHeight)
+    implicitHeight: Math.max(Theme.rowHeight, Math.round(rowHeight))
 
     Accessible.role: Accessible.Button
 
@@ -22,17 +21,13 @@ TableRow {
         name: row.title
         opacity: row.isEnabled ? 1 : 0.45
     }
-    Label {
+    RowTitle {
+        line: row
         anchors.left: icon.right
         anchors.leftMargin: 14
         anchors.right: parent.right
         anchors.rightMargin: 20
-        height: parent.height
-        text: row.title
-        color: row.labelColor
-        font.pixelSize: row.fontSize
         font.weight: Font.Medium
-        wrapMode: Text.Wrap
         maximumLineCount: 2
     }
     Chevron {

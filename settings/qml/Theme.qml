@@ -23,6 +23,11 @@ QtObject {
     readonly property color sheet: dark ? "#1c1c1e" : "#f6f6f9"
     readonly property color field: dark ? "#2c2c2f" : "#ffffff"
     readonly property color dim: dark ? "#99000000" : "#66000000"
+    // Of an icon that there is no picture for.
+    readonly property color placeholder: dark ? "#48484d" : "#8e8e96"
+    readonly property color placeholderLabel: "#ffffff"
+    readonly property color scrollThumb: dark ? "#99ffffff" : "#70000000"
+    readonly property color segmentOutline: dark ? "#00000000" : "#18000000"
     readonly property color warning: dark ? "#ff9f0a" : "#b35c00"
     // A line around what might have the colour of what it lies on.
     readonly property color outline: dark ? "#33ffffff" : "#22000000"
@@ -30,13 +35,21 @@ QtObject {
     readonly property int statusBarHeight: 20
     readonly property int barHeight: 44
     readonly property int rowHeight: 44
+    // Above and below a row's title, together.
+    readonly property int rowPadding: 22
     readonly property int gutter: 16
     readonly property int cornerRadius: 10
     readonly property int contentWidth: 640
 
+    readonly property string fontFamily: "Inter"
     readonly property int bodySize: 16
     readonly property int footnoteSize: 13
 
     readonly property int quick: 160
     readonly property int slow: 340
+
+    // How far from the edge of a page of that width the cards of its groups begin.
+    function cardInset(width: real): real {
+        return Math.max(gutter, (width - contentWidth) / 2);
+    }
 }

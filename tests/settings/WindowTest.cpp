@@ -15,6 +15,22 @@ struct WindowTest : WindowWorld {
     QColor pixel(const QQuickItem& item, double x, double y) {
         return window().grabWindow().pixelColor(item.mapToScene({x, y}).toPoint());
     }
+    /// How high the ink stands in the left part of a line, where its title begins.
+    int inkHeight(const QString& title) {
+        const auto picture = window().grabWindow();
+        const auto& item = *line(row(title));
+        const auto top = item.mapToScene({0, 0}).toPoint().y();
+        int first = -1;
+        int last = -1;
+        constexpr int margin = 4;
+        for (int y = top + margin; y < top + static_cast<int>(item.height()) - margin; ++y)
+            for (int x = 30; x < 150; ++x)
+                if (picture.pixelColor(x, y).lightness() < 128) {
+                    if (first < 0) first = y;
+                    last = y;
+                }
+        return last - first + 1;
+    }
 };
 
 TEST_F(WindowTest, ClickOpensThePageAndEscapeGoesBack) {
@@ -96,6 +112,16 @@ TEST_F(WindowTest, FocusIsSeenWhileTheKeyboardIsUsed) {
     const auto ring = pixel(*focused, 16, focused->height() / 2);
     QTest::mousePress(&window(), Qt::LeftButton, {}, {200, 775});
     EXPECT_NE(ring, pixel(*focused, 16, focused->height() / 2));
+}
+
+TEST_F(WindowTest, TitleIsDrawnInTheSizeThatItsCellTells) {
+    openModuleByHand();
+    EXPECT_LE(inkHeight("Prismo Enabled"), 15);
+    auto& root = dynamic_cast<Prismo2PrefsListController&>(*top().controller());
+    root.setIsInAppScope(true);
+    root.reloadSpecifiers();
+    settlePage();
+    EXPECT_GE(inkHeight("No App Selected"), 17);
 }
 
 TEST_F(WindowTest, SwatchIsDrawnInTheStoredColor) {
