@@ -9,7 +9,8 @@ Item {
 
     width: ListView.view ? ListView.view.width : implicitWidth
     implicitWidth: 360
-    implicitHeight: label.implicitHeight + 10
+    // Whole, as that of all rows is: otherwise what follows stands between two pixels.
+    implicitHeight: Math.ceil(label.implicitHeight) + 10
 
     Accessible.role: Accessible.StaticText
     Accessible.name: title

@@ -2,6 +2,7 @@
 
 #include "tests/settings/WindowWorld.h"
 
+#include <cmath>
 #include <QImage>
 
 namespace prismo::settings {
@@ -112,6 +113,14 @@ TEST_F(WindowTest, FocusIsSeenWhileTheKeyboardIsUsed) {
     const auto ring = pixel(*focused, 16, focused->height() / 2);
     QTest::mousePress(&window(), Qt::LeftButton, {}, {200, 775});
     EXPECT_NE(ring, pixel(*focused, 16, focused->height() / 2));
+}
+
+TEST_F(WindowTest, LinesStandOnWholePixels) {
+    openModuleByHand();
+    for (int i = 0; i < table().rowCount(); ++i) {
+        EXPECT_EQ(line(i)->y(), std::round(line(i)->y())) << i;
+        EXPECT_EQ(line(i)->height(), std::round(line(i)->height())) << i;
+    }
 }
 
 TEST_F(WindowTest, TitleIsDrawnInTheSizeThatItsCellTells) {
