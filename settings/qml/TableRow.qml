@@ -93,5 +93,7 @@ Item {
             parent: card
             anchors.fill: card
         }
+            // The rows beside would cover what reaches beyond.
+            anchors.margins: 0
     }
 }

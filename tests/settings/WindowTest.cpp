@@ -115,6 +115,19 @@ TEST_F(WindowTest, FocusIsSeenWhileTheKeyboardIsUsed) {
     EXPECT_NE(ring, pixel(*focused, 16, focused->height() / 2));
 }
 
+TEST_F(WindowTest, FocusIsSeenOnAllSidesOfARow) {
+    openModuleByHand();
+    press(Qt::Key_End);
+    press(Qt::Key_Up);
+    const auto* const focused = window().activeFocusItem();
+    ASSERT_TRUE(focused);
+    const auto ring = pixel(*focused, 17, focused->height() / 2);
+    EXPECT_EQ(pixel(*focused, 100, 1), ring);
+    EXPECT_EQ(pixel(*focused, 100, focused->height() - 1), ring);
+    EXPECT_EQ(pixel(*focused, 100, focused->height() - 2), ring);
+    EXPECT_EQ(pixel(*focused, focused->width() - 18, focused->height() / 2), ring);
+}
+
 TEST_F(WindowTest, LinesStandOnWholePixels) {
     openModuleByHand();
     for (int i = 0; i < table().rowCount(); ++i) {
