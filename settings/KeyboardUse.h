@@ -11,11 +11,14 @@ class KeyboardUse : public QObject {
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isActive READ isActive NOTIFY isActiveChanged)
+    /// What is being pressed, a Qt::Key, or 0: by it one knows from which side Tab brings the focus.
+    Q_PROPERTY(int key READ key)
 
   public:
     KeyboardUse();
 
     bool isActive() const { return isActive_; }
+    int key() const { return key_; }
 
   signals:
     void isActiveChanged();
@@ -25,6 +28,7 @@ class KeyboardUse : public QObject {
 
   private:
     bool isActive_ = false;
+    int key_ = 0;
 };
 
 } // namespace prismo::settings

@@ -7,6 +7,7 @@
 #include "platform/applist/ALApplicationTableDataSource.h"
 #include "platform/swatchkit/SWLiteColorCell.h"
 
+#include <algorithm>
 #include <QPointer>
 #include <QVariantMap>
 
@@ -97,7 +98,7 @@ int Table::rowCount(const QModelIndex& parent) const {
 QVariant Table::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const auto& row = rows_[static_cast<std::size_t>(index.row())];
-    if (isLong() && role == ImageRole && row.isInteractive()) {
+    if (!isSettingsList() && role == ImageRole && row.isInteractive()) {
         const auto cell = table_->cellForRowAtIndexPath(row.path);
         return cell ? Images::address(cell->image()) : QString();
     }
@@ -150,6 +151,12 @@ int Table::interactiveRow(int row, int step) const {
         if (const auto& line = rows_[static_cast<std::size_t>(row)]; line.isInteractive() && line.isEnabled)
             return row;
     return -1;
+}
+
+int Table::startRow() const {
+    const auto chosen =
+        std::ranges::find_if(rows_, [](const Row& line) { return line.kind == "choice" && line.isChecked; });
+    return interactiveRow(chosen == rows_.end() ? 0 : static_cast<int>(chosen - rows_.begin()), 1);
 }
 
 void Table::look() {

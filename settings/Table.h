@@ -19,7 +19,7 @@ class Table : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("A page has one")
-    Q_PROPERTY(bool isLong READ isLong CONSTANT)
+    Q_PROPERTY(bool isSettingsList READ isSettingsList CONSTANT)
     Q_PROPERTY(QVariantList letters READ letters NOTIFY lettersChanged)
 
   public:
@@ -31,9 +31,10 @@ class Table : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// It is no settings list, and its rows may be thousands.
-    bool isLong() const { return !list_; }
-    /// Where each initial letter begins in a long table: {label, row}, in the table's order.
+    /// What is none may have thousands of rows.
+    bool isSettingsList() const { return list_ != nullptr; }
+    /// Where each initial letter begins in a table that is no settings list: {label, row}, in the table's
+    /// order.
     QVariantList letters() const { return letters_; }
 
     /// A person taps the row: a switch changes, everything else is selected.
@@ -42,6 +43,8 @@ class Table : public QAbstractListModel {
     Q_INVOKABLE void choose(int row, int choice);
     /// The nearest row from `row` on in that direction that takes taps or focus, or -1.
     Q_INVOKABLE int interactiveRow(int row, int step) const;
+    /// Where a person begins: at what is chosen, or the first row that takes taps or focus; or -1.
+    Q_INVOKABLE int startRow() const;
 
   signals:
     void lettersChanged();
@@ -54,7 +57,6 @@ class Table : public QAbstractListModel {
     void lookAtList();
     void lookAtApplications();
     void followCells();
-    Row rowAt(int row) const;
 
     std::shared_ptr<UIViewController> page_;
     std::shared_ptr<PSListController> list_;

@@ -13,7 +13,15 @@ Item {
     // What there is room for; where there is too little, letters are left out evenly.
     readonly property int room: Math.max(1, Math.floor((height - 24) / 14))
     readonly property int count: Math.min(entries.length, room)
-    property int current: 0
+    // Where the table is, and of the letters shown the one that it has come to.
+    required property int row
+    readonly property int current: {
+        for (let position = strip.count - 1; position > 0; --position)
+            if (strip.entryAt(position).row <= strip.row)
+                return position;
+        return 0;
+    }
+    readonly property string letter: strip.count > 0 ? strip.entryAt(strip.current).label : ""
     signal chosen(int row)
 
     function entryAt(position: int): var {
@@ -21,10 +29,8 @@ Item {
     }
 
     function choose(position: int) {
-        if (strip.count === 0)
-            return;
-        strip.current = Math.max(0, Math.min(strip.count - 1, position));
-        strip.chosen(strip.entryAt(strip.current).row);
+        if (strip.enabled && strip.count > 0)
+            strip.chosen(strip.entryAt(Math.max(0, Math.min(strip.count - 1, position))).row);
     }
 
     implicitWidth: 20
@@ -32,6 +38,7 @@ Item {
 
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Index")
+    Accessible.description: letter
     Accessible.focusable: true
 
     Keys.onDownPressed: strip.choose(strip.current + 1)
@@ -49,17 +56,21 @@ Item {
                 id: letter
 
                 required property int index
+                readonly property bool isCurrent: index === strip.current
 
                 width: letters.width
                 height: 14
                 horizontalAlignment: Text.AlignHCenter
                 text: strip.entryAt(index).label
-                color: strip.tint
+                color: isCurrent && strip.activeFocus ? Theme.label : strip.tint
                 font.pixelSize: 11
                 font.weight: Font.DemiBold
 
                 Accessible.role: Accessible.Button
                 Accessible.name: text
+                Accessible.focusable: false
+                Accessible.selectable: true
+                Accessible.selected: isCurrent
                 Accessible.onPressAction: strip.choose(letter.index)
             }
         }

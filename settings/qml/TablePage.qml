@@ -17,9 +17,50 @@ Item {
             return;
         list.currentIndex = row;
         list.positionViewAtIndex(row, ListView.Contain);
-        // A group's header is to be seen with its first row.
-        if (row <= 1)
+        // What stands before the first row and after the last one is to be seen with them.
+        if (row === root.firstRow())
             list.positionViewAtBeginning();
+        else if (row === root.lastRow())
+            list.positionViewAtEnd();
+    }
+
+    function firstRow(): int {
+        return root.table.interactiveRow(0, 1);
+    }
+
+    function lastRow(): int {
+        return root.table.interactiveRow(list.count - 1, -1);
+    }
+
+    // The line at that height of what is in view, -1 for none.
+    function lineAt(y: real): int {
+        return list.indexAt(list.width / 2, list.contentY + y);
+    }
+
+    function isInView(row: int): bool {
+        const last = root.lineAt(list.height - 1);
+        return row >= 0 && row >= root.lineAt(0) && (last < 0 || row <= last);
+    }
+
+    // Where the person is: at the current row, or where that is out of sight, at the first line in view.
+    function place(): int {
+        return root.isInView(list.currentIndex) ? list.currentIndex : Math.max(0, root.lineAt(0));
+    }
+
+    // What is tapped, by whatever means, is where the keyboard goes on.
+    function makeCurrent(row: int) {
+        list.currentIndex = row;
+        list.forceActiveFocus();
+    }
+
+    function tap(row: int) {
+        root.makeCurrent(row);
+        root.table.tap(row);
+    }
+
+    function choose(row: int, choice: int) {
+        root.makeCurrent(row);
+        root.table.choose(row, choice);
     }
 
     function step(event: KeyEvent, row: int) {
@@ -28,9 +69,15 @@ Item {
     }
 
     function turnPage(event: KeyEvent, direction: int) {
-        const at = list.indexAt(list.width / 2, list.contentY + (direction > 0 ? list.height * 1.9 : -list.height * 0.9));
-        const end = direction > 0 ? list.count - 1 : 0;
-        root.step(event, root.table.interactiveRow(at < 0 ? end : at, at < 0 ? -direction : direction));
+        const from = root.isInView(list.currentIndex) ? list.currentItem.y : list.contentY;
+        const way = direction * list.height * 0.9;
+        const bottom = list.originY + list.contentHeight + list.bottomMargin - list.height;
+        list.contentY = Math.max(list.originY, Math.min(list.contentY + way, bottom));
+        list.forceLayout();
+        // None is beyond the first and the last line.
+        const at = root.lineAt(from + way - list.contentY);
+        const onward = at < 0 ? -1 : root.table.interactiveRow(at, direction);
+        root.step(event, onward >= 0 ? onward : direction > 0 ? root.lastRow() : root.firstRow());
     }
 
     ListView {
@@ -48,7 +95,7 @@ Item {
         flickDeceleration: 2500
         maximumFlickVelocity: 6000
         // All rows of a settings list are there at any time, also for a screen reader.
-        cacheBuffer: root.table.isLong ? 600 : 10000
+        cacheBuffer: root.table.isSettingsList ? 10000 : 600
         bottomMargin: 28
         clip: false
 
@@ -56,12 +103,22 @@ Item {
         Accessible.name: root.page.title
 
         onActiveFocusChanged: {
-            if (activeFocus && currentIndex < 0)
-                currentIndex = root.table.interactiveRow(0, 1);
+            if (!activeFocus)
+                return;
+            // Tab comes to the rows of a settings list from the one end or the other.
+            if (root.table.isSettingsList && KeyboardUse.key === Qt.Key_Tab)
+                root.select(root.firstRow());
+            else if (root.table.isSettingsList && KeyboardUse.key === Qt.Key_Backtab)
+                root.select(root.lastRow());
+            else if (currentIndex < 0)
+                root.select(root.table.startRow());
         }
 
         Keys.onPressed: event => {
             const from = list.currentIndex;
+            // Tab goes from row to row of a settings list, and out of a table that may hold thousands.
+            if (!root.table.isSettingsList && (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab))
+                return;
             switch (event.key) {
             case Qt.Key_Down:
             case Qt.Key_Tab:
@@ -70,9 +127,9 @@ Item {
             case Qt.Key_Backtab:
                 return root.step(event, root.table.interactiveRow(from - 1, -1));
             case Qt.Key_Home:
-                return root.step(event, root.table.interactiveRow(0, 1));
+                return root.step(event, root.firstRow());
             case Qt.Key_End:
-                return root.step(event, root.table.interactiveRow(list.count - 1, -1));
+                return root.step(event, root.lastRow());
             case Qt.Key_PageDown:
                 return root.turnPage(event, 1);
             case Qt.Key_PageUp:
@@ -95,58 +152,58 @@ Item {
                 roleValue: "switch"
                 SwitchRow {
                     litColor: root.page.switchTint.valid ? root.page.switchTint : Theme.switchOn
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "segment"
                 SegmentRow {
                     thumbColor: root.page.segmentTint.valid ? root.page.segmentTint : Theme.segmentThumb
-                    onChosen: choice => root.table.choose(index, choice)
+                    onChosen: choice => root.choose(index, choice)
                 }
             }
             DelegateChoice {
                 roleValue: "link"
                 LinkRow {
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "linkList"
                 LinkRow {
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "tall"
                 TallRow {
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "choice"
                 ChoiceRow {
                     tint: root.tint
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "color"
                 ColorRow {
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "button"
                 ButtonRow {
                     tint: root.tint
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
             DelegateChoice {
                 roleValue: "application"
                 ApplicationRow {
-                    onActivated: root.table.tap(index)
+                    onActivated: root.tap(index)
                 }
             }
         }
@@ -159,12 +216,14 @@ Item {
     }
     IndexStrip {
         id: index
+        objectName: "index"
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         entries: root.table.letters
+        row: visible ? root.place() : 0
         tint: root.tint
-        visible: root.table.isLong && list.count > 30
+        visible: !root.table.isSettingsList && list.count > 30
         onChosen: row => {
             list.positionViewAtIndex(row, ListView.Beginning);
             list.currentIndex = row;
