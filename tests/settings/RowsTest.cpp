@@ -28,7 +28,7 @@ TEST_F(RowsTest, TapOnABundleOpensItsPrincipalPage) {
     EXPECT_EQ(top().property("title"), "Prismo 2");
 }
 
-TEST_F(RowsTest, EachKindOfRowHasItsOwnDelegate) {
+TEST_F(RowsTest, EachRowTellsItsKind) {
     openModule();
     EXPECT_EQ(role(row("Scope", "header"), "kind"), "header");
     EXPECT_EQ(role(row("Scope", "segment"), "kind"), "segment");
@@ -48,7 +48,12 @@ TEST_F(RowsTest, SwitchIsWrittenAndShowsWhatIsStored) {
 TEST_F(RowsTest, SwitchThatCouldNotBeWrittenStaysAsItWas) {
     openModule();
     device.failWrites(settingsFilePath, "No space left on device");
+    bool wasTried = false;
+    device.setProblemObserver(
+        [&](const FileProblem& problem) { wasTried |= problem.kind == FileProblem::Kind::unwritable; });
     tap("Prismo Enabled");
+    device.setProblemObserver({});
+    EXPECT_TRUE(wasTried);
     EXPECT_EQ(role(row("Prismo Enabled"), "isChecked"), true);
 }
 
