@@ -12,6 +12,11 @@ Item {
     default property alias content: holder.data
     signal clicked
 
+    function click() {
+        if (button.enabled)
+            button.clicked();
+    }
+
     implicitWidth: Math.max(Theme.barHeight, label.implicitWidth + 2 * Theme.gutter, holder.childrenRect.width)
     implicitHeight: Theme.barHeight
     activeFocusOnTab: true
@@ -20,11 +25,11 @@ Item {
     Accessible.role: Accessible.Button
     Accessible.name: accessibleName
     Accessible.focusable: true
-    Accessible.onPressAction: button.clicked()
+    Accessible.onPressAction: button.click()
 
-    Keys.onSpacePressed: button.clicked()
-    Keys.onReturnPressed: button.clicked()
-    Keys.onEnterPressed: button.clicked()
+    Keys.onSpacePressed: button.click()
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
 
     Label {
         id: label
@@ -41,7 +46,7 @@ Item {
     MouseArea {
         id: area
         anchors.fill: parent
-        onClicked: button.clicked()
+        onClicked: button.click()
     }
     FocusRing {
         target: button

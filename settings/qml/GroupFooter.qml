@@ -12,7 +12,7 @@ Item {
     // Whole, as that of all rows is: otherwise what follows stands between two pixels.
     implicitHeight: Math.ceil(label.implicitHeight) + 10
 
-    Accessible.role: Accessible.StaticText
+    Accessible.role: Accessible.Paragraph
     Accessible.name: title
 
     Label {

@@ -13,7 +13,7 @@ TableRow {
     signal chosen(int choice)
 
     function choose(choice: int) {
-        if (row.isEnabled && choice >= 0 && choice < row.choices.length && choice !== row.selected)
+        if (row.enabled && choice >= 0 && choice < row.choices.length && choice !== row.selected)
             row.chosen(choice);
     }
 

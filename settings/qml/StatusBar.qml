@@ -21,7 +21,7 @@ Item {
             text = Qt.formatTime(new Date(), "HH:mm");
         }
 
-        Accessible.role: Accessible.StaticText
+        Accessible.role: Accessible.Paragraph
         Accessible.name: text
 
         Component.onCompleted: tick()
@@ -43,7 +43,7 @@ Item {
         font.pixelSize: 12
         font.weight: Font.Medium
 
-        Accessible.role: Accessible.StaticText
+        Accessible.role: Accessible.Paragraph
         Accessible.name: bar.rootPath
     }
 }

@@ -23,8 +23,9 @@ Item {
     default property alias content: body.data
     signal activated
 
+    // Also asked for by assistive technology, whatever lies over the page.
     function activate() {
-        if (row.isTappable && row.isEnabled)
+        if (row.isTappable && row.enabled)
             row.activated();
     }
 
@@ -35,7 +36,7 @@ Item {
 
     Accessible.name: title
     // There is no state for it here, so it is said.
-    Accessible.description: isEnabled ? explanation : qsTr("Dimmed")
+    Accessible.description: isEnabled ? explanation : explanation === "" ? qsTr("Dimmed") : qsTr("%1, dimmed").arg(explanation)
     Accessible.focusable: isEnabled
     Accessible.onPressAction: row.activate()
 
@@ -92,8 +93,8 @@ Item {
             target: row
             parent: card
             anchors.fill: card
-        }
             // The rows beside would cover what reaches beyond.
             anchors.margins: 0
+        }
     }
 }

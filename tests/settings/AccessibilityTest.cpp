@@ -53,6 +53,7 @@ struct AccessibilityTest : WindowWorld {
         line << qPrintable(QVariant::fromValue(element.role).toString()) << " \""
              << element.name.toStdString() << '"';
         if (element.state.focusable) line << " focusable";
+        if (element.state.selected) line << " selected";
         if (element.state.checkable) line << (element.state.checked ? " checked" : " unchecked");
         if (!element.description.isEmpty()) line << " (" << element.description.toStdString() << ')';
         return line.str();
@@ -62,6 +63,47 @@ struct AccessibilityTest : WindowWorld {
         for (const auto& element : elements())
             lines.push_back(text(element));
         return lines;
+    }
+    /// Presses what draws a line, as assistive technology does.
+    static void pressAction(QQuickItem& item) {
+        auto* const element = QAccessible::queryAccessibleInterface(&item);
+        ASSERT_TRUE(element && element->actionInterface());
+        element->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    /// The first visible element of that name within an item.
+    static QQuickItem* element(const QQuickItem& parent, const QString& name) {
+        for (auto* child : parent.childItems()) {
+            auto* const accessible = QAccessible::queryAccessibleInterface(child);
+            if (child->isVisible() && accessible && accessible->text(QAccessible::Name) == name) return child;
+            if (auto* found = element(*child, name)) return found;
+        }
+        return nullptr;
+    }
+    /// The titles of the page's lines in the order in which they are told.
+    QStringList toldTitles() {
+        QStringList titles;
+        auto* const list = QAccessible::queryAccessibleInterface(tableIn(*window().contentItem()));
+        for (int i = 0; i < list->childCount(); ++i)
+            if (const auto* child = list->child(i); child && !child->text(QAccessible::Name).isEmpty())
+                titles += child->text(QAccessible::Name);
+        return titles;
+    }
+    QStringList titles() {
+        QStringList titles;
+        for (int i = 0; i < table().rowCount(); ++i)
+            if (const auto title = role(i, "title").toString(); !title.isEmpty()) titles += title;
+        return titles;
+    }
+    void chooseScope(int scope) {
+        table().choose(row("Scope", "segment"), scope);
+        ASSERT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == scope; }));
+        settlePage();
+    }
+    void openApplicationPicker() {
+        openModuleByHand();
+        chooseScope(1);
+        tap("No App Selected");
+        ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
     }
     /// Every element that can be used has a name, and there are some.
     void expectNamed() {
@@ -92,7 +134,7 @@ struct AccessibilityTest : WindowWorld {
 
 TEST_F(AccessibilityTest, FirstPage) {
     expect({"Button \"Prismo 2\" focusable", "Button \"Elsewhere\" (Dimmed)", "Heading \"Settings\"",
-            "StaticText \"The device at /the/root\" focusable"});
+            "Paragraph \"The device at /the/root\""});
 }
 
 TEST_F(AccessibilityTest, RootPage) {
@@ -102,7 +144,10 @@ TEST_F(AccessibilityTest, RootPage) {
             "RadioButton \"Application\" unchecked", "CheckBox \"Prismo Enabled\" focusable checked",
             "Button \"Global Color\" focusable (#de3027)", "Button \"Global Enabled\" focusable (Global)",
             "Button \"Clear Icon Color Cache\" focusable",
+            "Paragraph \"All settings below are system-wide.\"",
             "CheckBox \"Album Art Color for NC|CC|HUD\" focusable unchecked"});
+    // What cannot be used tells its colour all the same.
+    EXPECT_GT(std::ranges::count(dump(), "Button \"<Using Global Color>\" (#de3027, dimmed)"), 0);
 }
 
 TEST_F(AccessibilityTest, ColorTypeChooser) {
@@ -113,14 +158,68 @@ TEST_F(AccessibilityTest, ColorTypeChooser) {
             "RadioButton \"Custom\" focusable unchecked"});
 }
 
-TEST_F(AccessibilityTest, ApplicationPicker) {
+TEST_F(AccessibilityTest, ScopeOfAnApplication) {
     openModuleByHand();
-    table().choose(row("Scope", "segment"), 1);
-    ASSERT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == 1; }));
+    auto& root = dynamic_cast<Prismo2PrefsListController&>(*top().controller());
+    root.setIsInAppScope(true);
+    root.setScopeId(exampleApp);
+    root.reloadSpecifiers();
     settlePage();
-    tap("No App Selected");
+    expect({"RadioButton \"System\" unchecked", "RadioButton \"Application\" checked",
+            "Button \"Example\" focusable"});
+}
+
+TEST_F(AccessibilityTest, GlobalTypeChooser) {
+    openModuleByHand();
+    click("Global Enabled");
     ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
+    expect({"Heading \"Global Enabled\"", "RadioButton \"Global\" focusable checked",
+            "RadioButton \"Icon Color\" focusable unchecked"});
+}
+
+TEST_F(AccessibilityTest, ApplicationPicker) {
+    openApplicationPicker();
     expect({"Heading \"Select App\"", "Heading \"User Applications\"", "Button \"Example\" focusable"});
+}
+
+TEST_F(AccessibilityTest, IndexOfALongTable) {
+    std::vector<InstalledApplication> applications;
+    for (char initial = 'A'; initial <= 'Z'; ++initial)
+        for (const char* name : {"lpha", "eta"})
+            applications.push_back(userApp(name + std::string(1, initial), initial + std::string(name)));
+    device.setApplications(applications);
+    openApplicationPicker();
+    expect({"List \"Index\" focusable (A)", "Button \"A\" selected", "Button \"B\"", "Button \"Z\"",
+            "Button \"Alpha\" focusable", "Button \"Beta\" focusable"});
+    EXPECT_EQ(toldTitles().mid(0, 5), titles().mid(0, 5));
+    pressAction(*element(*window().contentItem(), "M"));
+    expect({"List \"Index\" focusable (M)", "Button \"A\"", "Button \"M\" selected"});
+
+    FBShowTwitterFollowAlert("Title", "Message", "somebody");
+    ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
+    pressAction(*element(*window().contentItem(), "Z"));
+    EXPECT_EQ(element(*window().contentItem(), "Index")->property("letter").toString(), "M");
+}
+
+TEST_F(AccessibilityTest, PressedRowIsWhereOneGoesOn) {
+    openModuleByHand();
+    pressAction(*line(row("Folder Enabled")));
+    ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 2 && isStill(); }));
+    EXPECT_TRUE(line(row("Folder Enabled"))->hasActiveFocus());
+}
+
+TEST_F(AccessibilityTest, NothingBelowAnAlertIsPressed) {
+    openModuleByHand();
+    FBShowTwitterFollowAlert("Title", "Message", "somebody");
+    ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
+    pressAction(*line(row("Prismo Enabled")));
+    pressAction(*element(*line(row("Scope", "segment")), "Application"));
+    pressAction(*element(*window().contentItem(), "Back"));
+    settlePage();
+    EXPECT_FALSE(stored());
+    EXPECT_EQ(phone.pages()->depth(), 2);
 }
 
 TEST_F(AccessibilityTest, ColorPicker) {
