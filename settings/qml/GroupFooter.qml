@@ -4,6 +4,7 @@ import Prismo.Settings
 Item {
     id: footer
 
+    required property int index
     required property string title
     required property int alignment
 

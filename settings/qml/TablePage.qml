@@ -209,6 +209,9 @@ Item {
         }
     }
 
+    LineOrder {
+        parentOfLines: list.contentItem
+    }
     ScrollThumb {
         list: list
         anchors.right: parent.right

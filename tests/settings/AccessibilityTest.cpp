@@ -94,6 +94,12 @@ struct AccessibilityTest : WindowWorld {
             if (const auto title = role(i, "title").toString(); !title.isEmpty()) titles += title;
         return titles;
     }
+    /// The lines come to be told in their order.
+    void expectTitlesInOrder() {
+        EXPECT_TRUE(waitFor([&] { return toldTitles() == titles(); }))
+            << toldTitles().join(" | ").toStdString() << "\ninstead of\n"
+            << titles().join(" | ").toStdString();
+    }
     void chooseScope(int scope) {
         table().choose(row("Scope", "segment"), scope);
         ASSERT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == scope; }));
@@ -177,6 +183,15 @@ TEST_F(AccessibilityTest, GlobalTypeChooser) {
             "RadioButton \"Icon Color\" focusable unchecked"});
 }
 
+TEST_F(AccessibilityTest, LinesAreToldInTheirOrderAfterTheyChanged) {
+    openModuleByHand();
+    expectTitlesInOrder();
+    chooseScope(1);
+    expectTitlesInOrder();
+    chooseScope(0);
+    expectTitlesInOrder();
+}
+
 TEST_F(AccessibilityTest, ApplicationPicker) {
     openApplicationPicker();
     expect({"Heading \"Select App\"", "Heading \"User Applications\"", "Button \"Example\" focusable"});
@@ -194,6 +209,13 @@ TEST_F(AccessibilityTest, IndexOfALongTable) {
     EXPECT_EQ(toldTitles().mid(0, 5), titles().mid(0, 5));
     pressAction(*element(*window().contentItem(), "M"));
     expect({"List \"Index\" focusable (M)", "Button \"A\"", "Button \"M\" selected"});
+    pressAction(*element(*window().contentItem(), "B"));
+    EXPECT_TRUE(waitFor([&] {
+        const auto told = toldTitles();
+        return std::ranges::is_sorted(told, {},
+                                      [all = titles()](const QString& title) { return all.indexOf(title); });
+    })) << toldTitles().join(" | ").toStdString();
+    pressAction(*element(*window().contentItem(), "M"));
 
     FBShowTwitterFollowAlert("Title", "Message", "somebody");
     ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));

@@ -1,0 +1,27 @@
+#include "settings/LineOrder.h"
+
+#include <algorithm>
+#include <QVariant>
+
+namespace prismo::settings {
+
+void LineOrder::setParentOfLines(QQuickItem* parent) {
+    parent_ = parent;
+    // A line has its position a little later.
+    connect(parent_, &QQuickItem::childrenChanged, &changes_, &Refresh::later);
+}
+
+void LineOrder::sort() {
+    auto lines = parent_->childItems();
+    lines.removeIf([](const QQuickItem* child) { return !child->property("index").isValid(); });
+    std::ranges::stable_sort(lines, {},
+                             [](const QQuickItem* line) { return line->property("index").toInt(); });
+    // From the last to the first only those move that came late.
+    for (auto next = lines.size() - 1; next > 0; --next) {
+        const auto children = parent_->childItems();
+        if (children.indexOf(lines[next - 1]) + 1 != children.indexOf(lines[next]))
+            lines[next - 1]->stackBefore(lines[next]);
+    }
+}
+
+} // namespace prismo::settings
