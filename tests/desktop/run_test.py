@@ -55,11 +55,11 @@ def listeners():
     """The addresses on which these processes listen for connections over the network."""
     ours = set()
     for process in processes():
-        for descriptor in pathlib.Path(f"/proc/{process}/fd").iterdir():
+        for descriptor in pathlib.Path("/proc").glob(f"{process}/fd/*"):
             try:
                 ours.add(os.readlink(descriptor))
             except OSError:
-                pass
+                pass  # gone meanwhile
     lines = [line.split() for name in ("tcp", "tcp6") for line in pathlib.Path("/proc/net", name).read_text().splitlines()[1:]]
     return {words[1].split(":")[0] for words in lines if words[3] == "0A" and f"socket:[{words[9]}]" in ours}
 
