@@ -16,6 +16,10 @@ Window {
     title: qsTr("Settings")
     color: Theme.background
 
+    Shortcut {
+        sequences: ["Ctrl+W", "Ctrl+Q"]
+        onActivated: window.close()
+    }
     SystemPalette {
         id: desktop
     }
