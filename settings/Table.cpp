@@ -115,9 +115,8 @@ QHash<int, QByteArray> Table::roleNames() const {
 
 void Table::tap(int row) {
     act(row, [this](NSIndexPath path) {
-        const auto specifier = list_ ? list_->specifierAtIndexPath(path) : nullptr;
-        if (specifier && specifier->cellType() == PSCellType::switchCell)
-            specifier->performSetterWithValue(!specifier->performGetter().boolValue());
+        if (list_)
+            list_->tapRow(path);
         else if (const auto delegate = table_->delegate())
             delegate->tableViewDidSelectRowAtIndexPath(*table_, path);
     });
