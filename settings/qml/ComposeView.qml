@@ -30,7 +30,7 @@ Sheet {
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             color: Theme.label
-            font.family: "Inter"
+            font.family: Theme.fontFamily
             font.pixelSize: 17
             selectByMouse: true
             selectionColor: Theme.accent

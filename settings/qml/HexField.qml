@@ -26,7 +26,7 @@ Rectangle {
         anchors.rightMargin: 8
         verticalAlignment: TextInput.AlignVCenter
         color: Theme.label
-        font.family: "Inter"
+        font.family: Theme.fontFamily
         font.pixelSize: 16
         maximumLength: 16
         inputMethodHints: Qt.ImhNoPredictiveText
