@@ -17,6 +17,7 @@ class AccountWorld {
     AccountWorld() : root_(directory_.path()) { std::filesystem::create_directories(file().parent_path()); }
 
     const DeviceRoot& root() const { return root_; }
+    const std::filesystem::path& directory() const { return directory_.path(); }
     /// On this machine.
     std::filesystem::path file() const { return directory_.path().string() + AccountFile::path; }
 
