@@ -1,5 +1,7 @@
 #include "settings/Notices.h"
 
+#include "platform/linux/LinuxDevice.h"
+
 #include <algorithm>
 
 namespace prismo::settings {
@@ -8,8 +10,8 @@ namespace {
 
 enum NoticeRole { HeadlineRole = Qt::UserRole, TextRole };
 
-/// Through this directory of a root changes are made known between programs.
-bool isNotifyDirectory(const std::string& path) { return path.ends_with("/var/run/notify"); }
+/// Of a root, on this machine.
+bool isNotifyDirectory(const std::string& path) { return path.ends_with(notifyDirectory); }
 
 QString headlineOf(const FileProblem& problem) {
     if (isNotifyDirectory(problem.path))

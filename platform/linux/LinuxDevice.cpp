@@ -16,7 +16,6 @@ namespace prismo {
 namespace {
 
 constexpr const char* notifyParent = "/var/run";
-constexpr const char* notifyDirectory = "/var/run/notify";
 constexpr mode_t notifyMode = 0700;
 
 } // namespace

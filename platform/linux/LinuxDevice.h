@@ -19,9 +19,12 @@
 
 namespace prismo {
 
+/// The device's path of the directory through which notifications pass: a problem with them is one of it.
+inline constexpr const char* notifyDirectory = "/var/run/notify";
+
 /// The device whose files are in a directory of this machine, its device root.
 ///
-/// Notifications pass through the root's "/var/run/notify", and so between all processes that work on it.
+/// Notifications pass through the root's `notifyDirectory`, and so between all processes that work on it.
 /// Children are this machine's processes; their paths are not the root's. Links are opened by this machine's
 /// desktop, whose applications are also those of a root that holds none. What is missing for that, and for
 /// requests, on this machine is a problem of the library that it takes.
