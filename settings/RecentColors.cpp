@@ -18,9 +18,10 @@ RecentColors::RecentColors(QString stateFile) : stateFile_(std::move(stateFile))
     const auto kept = QSettings(stateFile_, QSettings::IniFormat).value(key).toStringList();
     for (const auto& text : kept) {
         const auto color = colorFromText(text.toStdString());
-        if (texts_.size() < most && color) texts_ += QString::fromStdString(hexFromColor(*color));
+        if (color) texts_ += QString::fromStdString(hexFromColor(*color));
     }
     texts_.removeDuplicates();
+    texts_ = texts_.mid(0, most);
 }
 
 void RecentColors::add(const QString& text) {
