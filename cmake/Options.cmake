@@ -14,7 +14,7 @@ add_library(prismo-options INTERFACE)
 target_compile_features(prismo-options INTERFACE cxx_std_20)
 target_include_directories(prismo-options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(prismo-options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     # GCC 12 takes the joining of a literal and a string for an overlapping copy.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
