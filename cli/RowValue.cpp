@@ -87,7 +87,7 @@ Value shownValue(PSSpecifier& row) {
                                                                               : value;
     }
     const auto settings = loadSettings();
-    const auto& stored = settingForKey(settings, cell->prefKey());
+    auto stored = settingForKey(settings, cell->prefKey());
     return colorFromText(stored.text()) ? stored : cell->defaultColorFB();
 }
 

@@ -101,7 +101,7 @@ void PHPrefsManager::saveAndNotify() {
 
 Value PHPrefsManager::readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) {
     if (!specifier) return {};
-    const auto& value = settingForKey(currentPrefsImplementation_, keyOf(*specifier));
+    auto value = settingForKey(currentPrefsImplementation_, keyOf(*specifier));
     return value.isNothing() ? specifier->propertyForKey("default") : value;
 }
 

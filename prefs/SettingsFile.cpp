@@ -23,9 +23,8 @@ SettingsKey scopedKey(bool isInAppScope, const std::optional<std::string>& scope
     return isInAppScope && scopeId ? formatted("%@_%@", {scopeId, key}) : key;
 }
 
-const Value& settingForKey(const Dictionary& settings, const SettingsKey& key) {
-    static const Value nothing;
-    return key ? valueForKey(settings, *key) : nothing;
+Value settingForKey(const Dictionary& settings, const SettingsKey& key) {
+    return key ? valueForKey(settings, *key) : Value();
 }
 
 void changeSetting(const std::string& key, const Value& value) {

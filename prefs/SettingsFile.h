@@ -34,7 +34,7 @@ SettingsKey keyOf(const PSSpecifier& row, const char* property = "key");
 SettingsKey scopedKey(bool isInAppScope, const std::optional<std::string>& scopeId, const SettingsKey& key);
 
 /// What is stored under the key, or nothing.
-const Value& settingForKey(const Dictionary& settings, const SettingsKey& key);
+Value settingForKey(const Dictionary& settings, const SettingsKey& key);
 
 /// Loads the settings, changes this one, and writes them.
 void changeSetting(const std::string& key, const Value& value);

@@ -36,7 +36,7 @@ SettingsKey PrismoTypeItemsController::scopedKey(const PSSpecifier& specifier) c
 
 Value PrismoTypeItemsController::readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) {
     const auto settings = loadSettings();
-    const auto& stored = settingForKey(settings, scopedKey(*specifier));
+    const auto stored = settingForKey(settings, scopedKey(*specifier));
     return stored.isNothing() ? specifier->propertyForKey("default") : stored;
 }
 

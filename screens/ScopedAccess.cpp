@@ -19,7 +19,7 @@ void Prismo2PrefsListController::settleAndReload() {
 Value Prismo2PrefsListController::readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) {
     const auto settings = loadSettings();
     const auto baseKey = keyOf(*specifier);
-    const auto& stored = settingForKey(settings, scopedKey(baseKey));
+    auto stored = settingForKey(settings, scopedKey(baseKey));
     if (!stored.isNothing()) return stored;
     // Not the default: an application without settings of its own shows the system-wide ones as they are.
     if (isInAppScope_ && scopeId_) return settingForKey(settings, baseKey);
