@@ -10,11 +10,11 @@ TableRow {
     required property int selected
     property color thumbColor: Theme.segmentThumb
     property color thumbLabel: Theme.label
-    signal chosen(int choice)
+    signal chosen(line: int, choice: int)
 
     function choose(choice: int) {
         if (row.enabled && choice >= 0 && choice < row.choices.length && choice !== row.selected)
-            row.chosen(choice);
+            row.chosen(row.index, choice);
     }
 
     isTappable: false

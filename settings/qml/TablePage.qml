@@ -152,58 +152,58 @@ Item {
                 roleValue: "switch"
                 SwitchRow {
                     litColor: root.page.switchTint.valid ? root.page.switchTint : Theme.switchOn
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "segment"
                 SegmentRow {
                     thumbColor: root.page.segmentTint.valid ? root.page.segmentTint : Theme.segmentThumb
-                    onChosen: choice => root.choose(index, choice)
+                    onChosen: (line, choice) => root.choose(line, choice)
                 }
             }
             DelegateChoice {
                 roleValue: "link"
                 LinkRow {
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "linkList"
                 LinkRow {
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "tall"
                 TallRow {
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "choice"
                 ChoiceRow {
                     tint: root.tint
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "color"
                 ColorRow {
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "button"
                 ButtonRow {
                     tint: root.tint
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
                 roleValue: "application"
                 ApplicationRow {
-                    onActivated: root.tap(index)
+                    onActivated: line => root.tap(line)
                 }
             }
         }

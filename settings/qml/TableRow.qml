@@ -21,12 +21,13 @@ Item {
     readonly property color labelColor: isEnabled ? Theme.label : Theme.disabledLabel
     readonly property bool isPressed: area.pressed && isTappable && isEnabled
     default property alias content: body.data
-    signal activated
+    // Names its line: inside a DelegateChoice a handler's own `index` is the choice's in some versions of Qt.
+    signal activated(line: int)
 
     // Also asked for by assistive technology, whatever lies over the page.
     function activate() {
         if (row.isTappable && row.enabled)
-            row.activated();
+            row.activated(row.index);
     }
 
     width: ListView.view ? ListView.view.width : implicitWidth
