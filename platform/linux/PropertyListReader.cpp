@@ -65,30 +65,33 @@ std::uint64_t storedNumber(plist_t node) {
     return number;
 }
 
+/// What stands inside `tag` in the node's own XML file.
+std::string writtenText(plist_t node, std::string_view tag) {
+    char* bytes = nullptr;
+    std::uint32_t size = 0;
+    ::plist_to_xml(node, &bytes, &size);
+    const Memory memory(bytes);
+    const std::string_view text(bytes, size);
+    const auto start = std::min(text.find(tag), text.size() - tag.size()) + tag.size();
+    return std::string(text.substr(start, text.find('<', start) - start));
+}
+
 Value integer(plist_t node) {
     std::uint64_t value = 0;
     ::plist_get_uint_val(node, &value);
     const auto number = static_cast<std::int64_t>(value);
     if (number >= 0) return number;
-    // Negative, or beyond what has a sign: the getter does not tell, but the library makes negative ones
-    // only.
-    const Node negative(::plist_new_uint(value));
-    return ::plist_compare_node_value(node, negative.get()) != 0 ? Value(number) : Value(value);
+    // Negative, or too large for a signed integer. Only some versions of the library have a function that
+    // says which, but all of them write the sign.
+    return writtenText(node, "<integer>").starts_with('-') ? Value(number) : Value(value);
 }
 
 /// The date in the node's own XML file. Making a binary one takes a table of 32 KiB each time.
 Date writtenDate(plist_t node) {
-    char* bytes = nullptr;
-    std::uint32_t size = 0;
-    ::plist_to_xml(node, &bytes, &size);
-    const Memory memory(bytes);
-    const auto text = std::string_view(bytes, size);
-    constexpr std::string_view tag = "<date>";
-    const auto start = std::min(text.find(tag), text.size() - tag.size()) + tag.size();
     int year = 0;
     std::array<unsigned, 5> parts{};
-    std::sscanf(bytes + start, "%d-%u-%uT%u:%u:%uZ", &year, parts.data(), &parts[1], &parts[2], &parts[3],
-                &parts[4]);
+    std::sscanf(writtenText(node, "<date>").c_str(), "%d-%u-%uT%u:%u:%uZ", &year, parts.data(), &parts[1],
+                &parts[2], &parts[3], &parts[4]);
     using namespace std::chrono;
     constexpr sys_days reference = std::chrono::year(2001) / January / 1;
     const sys_days day = std::chrono::year(year) / month(parts[0]) / std::chrono::day(parts[1]);
