@@ -37,7 +37,10 @@ class Files(unittest.TestCase):
 
     def test_the_metainfo_is_valid(self):
         done = run("appstreamcli", "validate", "--no-net", "--pedantic", PACKAGING / f"{NAME}.metainfo.xml")
-        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        findings = re.findall(r"^[EW]: \S+ (\S+)$", done.stdout, re.MULTILINE)
+        if done.returncode != 0:
+            # Newer validators warn that the program has no home page, and older ones know no option that permits it.
+            self.assertEqual(findings, ["url-homepage-missing"], done.stdout + done.stderr)
 
     def test_they_name_the_program_and_the_icon(self):
         program = pathlib.Path(self.program).name
