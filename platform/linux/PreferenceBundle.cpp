@@ -21,9 +21,9 @@ namespace {
     throw std::runtime_error(file + ": " + cause);
 }
 
-std::string bundleDirectory(const std::string& name) {
+std::string bundleDirectory(std::string_view name) {
     const auto path = preferenceBundlePath(name);
-    if (!path) throw std::runtime_error("no bundle can be named '" + name + "'");
+    if (!path) throw std::runtime_error("no bundle can be named '" + std::string(name) + "'");
     auto directory = baseLayerDirectory() + *path;
     std::string cause;
     if (ownInstallation(cause).empty()) fail(directory, cause);
@@ -56,16 +56,16 @@ void registerClassesOf(const std::string& executable) {
 
 } // namespace
 
-std::optional<std::string> preferenceBundlePath(const std::string& name) {
+std::optional<std::string> preferenceBundlePath(std::string_view name) {
     if (!isPlainName(name)) return std::nullopt;
-    return "/Library/PreferenceBundles/" + name + ".bundle/";
+    return "/Library/PreferenceBundles/" + std::string(name) + ".bundle/";
 }
 
 bool isPlainName(std::string_view name) {
     return !name.empty() && !name.starts_with('.') && name.find('/') == std::string_view::npos;
 }
 
-const Class& loadPreferenceBundle(const std::string& name) {
+const Class& loadPreferenceBundle(std::string_view name) {
     const auto directory = bundleDirectory(name);
     const auto infoPath = directory + "Info.plist";
     const auto info = readInfo(infoPath);
