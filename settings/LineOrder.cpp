@@ -1,6 +1,9 @@
 #include "settings/LineOrder.h"
 
 #include <algorithm>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlProperty>
 #include <QVariant>
 
 namespace prismo::settings {
@@ -9,9 +12,13 @@ void LineOrder::setParentOfLines(QQuickItem* parent) {
     parent_ = parent;
     // A line has its position a little later.
     connect(parent_, &QQuickItem::childrenChanged, &changes_, &Refresh::later);
+    // With these, other lines come into view.
+    connect(parent_, &QQuickItem::yChanged, &changes_, &Refresh::later);
+    connect(parent_, &QQuickItem::heightChanged, &changes_, &Refresh::later);
+    connect(parent_->parentItem(), &QQuickItem::heightChanged, &changes_, &Refresh::later);
 }
 
-void LineOrder::sort() {
+void LineOrder::putInOrder() {
     auto lines = parent_->childItems();
     lines.removeIf([](const QQuickItem* child) { return !child->property("index").isValid(); });
     std::ranges::stable_sort(lines, {},
@@ -22,6 +29,8 @@ void LineOrder::sort() {
         if (children.indexOf(lines[next - 1]) + 1 != children.indexOf(lines[next]))
             lines[next - 1]->stackBefore(lines[next]);
     }
+    for (auto* line : lines)
+        QQmlProperty::write(line, "Accessible.ignored", false, qmlContext(line));
 }
 
 } // namespace prismo::settings

@@ -8,8 +8,8 @@
 
 namespace prismo::settings {
 
-/// Keeps the lines of a list in their order among its children, whenever they came to be: assistive
-/// technology is told the children in that order.
+/// Keeps the lines of a list as assistive technology needs them: in their order among its children, whenever
+/// they came to be, and none left out because it is out of view, as newer versions of Qt do.
 class LineOrder : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -20,10 +20,10 @@ class LineOrder : public QObject {
     void setParentOfLines(QQuickItem* parent);
 
   private:
-    void sort();
+    void putInOrder();
 
     QQuickItem* parent_ = nullptr;
-    Refresh changes_{[this] { sort(); }};
+    Refresh changes_{[this] { putInOrder(); }};
 };
 
 } // namespace prismo::settings

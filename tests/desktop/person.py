@@ -45,6 +45,11 @@ class Person:
 
     # Seeing
 
+    def role(self, element):
+        """The role's name as on Debian 12. A newer AT-SPI calls a push button just a button."""
+        name = element.get_role_name()
+        return {"button": "push button"}.get(name, name)
+
     def everything(self, top=None):
         """All that is there, as pairs of depth and object."""
         # An application may go while it is looked at.
@@ -71,7 +76,7 @@ class Person:
         last = None
         for _, element in self.everything():
             try:
-                if (element.get_role_name(), element.get_name()) == (role, name) and self.shown(element):
+                if (self.role(element), element.get_name()) == (role, name) and self.shown(element):
                     last = element
             except self.glib.Error:
                 pass
@@ -92,7 +97,7 @@ class Person:
         lines = []
         for depth, element in self.everything():
             try:
-                lines.append(f"{'  ' * depth}{element.get_role_name()} '{element.get_name()}' "
+                lines.append(f"{'  ' * depth}{self.role(element)} '{element.get_name()}' "
                              f"{element.get_description()} {' '.join(sorted(self.states(element)))}")
             except self.glib.Error:
                 pass

@@ -192,6 +192,13 @@ TEST_F(AccessibilityTest, LinesAreToldInTheirOrderAfterTheyChanged) {
     expectTitlesInOrder();
 }
 
+TEST_F(AccessibilityTest, LinesOutOfViewAreTold) {
+    openModuleByHand();
+    expectTitlesInOrder();
+    tableIn(*window().contentItem())->setProperty("contentY", 800);
+    expectTitlesInOrder();
+}
+
 TEST_F(AccessibilityTest, ApplicationPicker) {
     openApplicationPicker();
     expect({"Heading \"Select App\"", "Heading \"User Applications\"", "Button \"Example\" focusable"});
