@@ -12,8 +12,7 @@ void LineOrder::setParentOfLines(QQuickItem* parent) {
     parent_ = parent;
     // A line has its position a little later.
     connect(parent_, &QQuickItem::childrenChanged, &changes_, &Refresh::later);
-    // With these, other lines come into view.
-    connect(parent_, &QQuickItem::yChanged, &changes_, &Refresh::later);
+    // With these, the list lays its lines out anew and decides again which are in view.
     connect(parent_, &QQuickItem::heightChanged, &changes_, &Refresh::later);
     connect(parent_->parentItem(), &QQuickItem::heightChanged, &changes_, &Refresh::later);
 }
