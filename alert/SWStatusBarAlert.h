@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/foundation/NSObject.h"
-#include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIWindow.h"
+#include "platform/uikit/views/UIButton.h"
 
 #include <cstdint>
 #include <memory>

@@ -3,7 +3,7 @@
 #include "platform/linux/LinuxDevice.h"
 #include "prefs/SettingsFile.h"
 #include "screens/Bundle.h"
-#include "screens/Prismo2PrefsListController.h"
+#include "screens/root/Prismo2PrefsListController.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>

@@ -10,11 +10,11 @@
 // supervised ROOT: a window under its supervisor. Each time that it has come up, the process and the time of
 // its first frame, as that of `start`; until it is ended.
 
-#include "settings/Options.h"
-#include "settings/Page.h"
-#include "settings/Phone.h"
-#include "settings/Session.h"
+#include "settings/model/pages/Page.h"
+#include "settings/model/Phone.h"
+#include "settings/options/Options.h"
 #include "settings/supervisor/Supervisor.h"
+#include "settings/window/Session.h"
 
 #include <chrono>
 #include <cstdio>

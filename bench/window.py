@@ -12,7 +12,7 @@ import time
 from pathlib import Path
 
 TREE = Path(__file__).resolve().parents[1]
-sys.path[:0] = [str(TREE / "tests/desktop"), str(TREE / "tests/cli")]
+sys.path[:0] = [str(TREE / "tests/settings/program"), str(TREE / "tests/cli")]
 
 from device import png  # noqa: E402
 from display import Display  # noqa: E402

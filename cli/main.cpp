@@ -1,6 +1,6 @@
-#include "cli/Command.h"
-#include "cli/Printable.h"
-#include "cli/Usage.h"
+#include "cli/arguments/Usage.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Printable.h"
 
 #include <algorithm>
 #include <cerrno>

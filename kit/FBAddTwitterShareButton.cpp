@@ -2,7 +2,7 @@
 
 #include "kit/FBTwitterShareHandler.h"
 
-#include "platform/uikit/UIGraphics.h"
+#include "platform/uikit/graphics/UIGraphics.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/uikit/UIImage.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
+#include "platform/uikit/graphics/UIImage.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/uikit/UIBarButtonItem.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIBarButtonItem.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include <memory>
 #include <string>

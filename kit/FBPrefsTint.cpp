@@ -1,8 +1,8 @@
 #include "kit/FBPrefsTint.h"
 
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controllers/UISplitViewController.h"
 #include "platform/uikit/UIApplication.h"
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UISplitViewController.h"
 
 namespace prismo {
 

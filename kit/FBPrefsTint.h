@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSListController.h"
-#include "platform/uikit/UIColor.h"
+#include "platform/uikit/graphics/UIColor.h"
 
 #include <memory>
 #include <optional>

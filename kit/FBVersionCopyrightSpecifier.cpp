@@ -1,7 +1,7 @@
 #include "kit/FBVersionCopyrightSpecifier.h"
 
 #include "platform/foundation/Device.h"
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 
 #include <algorithm>
 #include <chrono>

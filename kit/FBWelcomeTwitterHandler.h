@@ -2,7 +2,7 @@
 
 #include "platform/foundation/NSObject.h"
 #include "platform/social/ACAccountStore.h"
-#include "platform/uikit/UIAlertView.h"
+#include "platform/uikit/views/UIAlertView.h"
 
 #include <memory>
 #include <optional>

@@ -3,7 +3,7 @@
 #include "prefs/SettingsFile.h"
 
 #include "platform/foundation/Device.h"
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 
 #include <filesystem>
 

@@ -2,7 +2,7 @@
 
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/Device.h"
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 
 namespace prismo {
 

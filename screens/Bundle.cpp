@@ -1,10 +1,10 @@
 #include "screens/Bundle.h"
 
-#include "screens/Prismo2AppScope.h"
-#include "screens/Prismo2PrefsListController.h"
-#include "screens/PrismoColorCell.h"
-#include "screens/PrismoTypeItemsController.h"
-#include "screens/PXApplicationListDataSource.h"
+#include "screens/appscope/Prismo2AppScope.h"
+#include "screens/appscope/PXApplicationListDataSource.h"
+#include "screens/colortype/PrismoTypeItemsController.h"
+#include "screens/root/Prismo2PrefsListController.h"
+#include "screens/root/PrismoColorCell.h"
 
 namespace prismo {
 

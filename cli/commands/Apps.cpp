@@ -1,5 +1,5 @@
-#include "cli/Command.h"
-#include "cli/Printable.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Printable.h"
 
 #include "platform/applist/ALApplicationTableDataSource.h"
 

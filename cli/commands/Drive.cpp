@@ -1,7 +1,7 @@
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
 #include "cli/drive/ScriptLine.h"
-#include "cli/Json.h"
+#include "cli/output/Json.h"
 
 #include <algorithm>
 #include <cerrno>

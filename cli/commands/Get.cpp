@@ -1,6 +1,6 @@
-#include "cli/Command.h"
-#include "cli/Json.h"
-#include "cli/RowValue.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Json.h"
+#include "cli/pages/RowValue.h"
 
 namespace prismo::cli {
 

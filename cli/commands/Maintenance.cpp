@@ -1,4 +1,4 @@
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 
 #include <cstring>
 #include <nlohmann/json.hpp>

@@ -1,5 +1,5 @@
-#include "cli/Command.h"
-#include "cli/NotificationName.h"
+#include "cli/arguments/NotificationName.h"
+#include "cli/commands/Command.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,6 @@
-#include "cli/Command.h"
-#include "cli/Json.h"
-#include "cli/PageText.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Json.h"
+#include "cli/pages/PageText.h"
 
 namespace prismo::cli {
 

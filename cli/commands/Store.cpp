@@ -1,12 +1,12 @@
-#include "cli/Command.h"
-#include "cli/Json.h"
-#include "cli/NotificationName.h"
-#include "cli/Printable.h"
-#include "cli/RowValue.h"
-#include "cli/WatchLimits.h"
+#include "cli/arguments/NotificationName.h"
+#include "cli/arguments/WatchLimits.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Json.h"
+#include "cli/output/Printable.h"
+#include "cli/pages/RowValue.h"
 #include "prefs/PHPrefsManager.h"
 
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 
 #include <cmath>
 

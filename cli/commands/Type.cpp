@@ -1,10 +1,10 @@
-#include "cli/Command.h"
-#include "cli/Json.h"
-#include "cli/RowValue.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Json.h"
+#include "cli/pages/RowValue.h"
 
-#include "platform/foundation/Text.h"
 #include "platform/preferences/PSListItemsController.h"
-#include "platform/uikit/UINavigationController.h"
+#include "platform/text/Text.h"
+#include "platform/uikit/controllers/UINavigationController.h"
 
 #include <algorithm>
 #include <optional>

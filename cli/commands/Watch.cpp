@@ -1,7 +1,7 @@
-#include "cli/Command.h"
-#include "cli/NotificationName.h"
-#include "cli/Printable.h"
-#include "cli/WatchLimits.h"
+#include "cli/arguments/NotificationName.h"
+#include "cli/arguments/WatchLimits.h"
+#include "cli/commands/Command.h"
+#include "cli/output/Printable.h"
 #include "prefs/SettingsFile.h"
 
 #include <nlohmann/json.hpp>

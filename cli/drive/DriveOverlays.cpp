@@ -1,14 +1,14 @@
 // The lines of `drive` that are about what comes over a page.
 
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
-#include "cli/RowValue.h"
+#include "cli/pages/RowValue.h"
 
 #include "platform/social/SLComposeViewController.h"
 #include "platform/swatchkit/SWColorAlert.h"
-#include "platform/uikit/UIAlertView.h"
+#include "platform/uikit/controllers/UIBarButtonItem.h"
 #include "platform/uikit/UIApplication.h"
-#include "platform/uikit/UIBarButtonItem.h"
+#include "platform/uikit/views/UIAlertView.h"
 
 #include <charconv>
 

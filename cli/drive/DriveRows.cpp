@@ -1,9 +1,9 @@
 // The lines of `drive` that are about rows and pages.
 
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
-#include "cli/Json.h"
-#include "cli/RowValue.h"
+#include "cli/output/Json.h"
+#include "cli/pages/RowValue.h"
 
 #include "platform/applist/ALApplicationTableDataSource.h"
 #include "platform/preferences/PSListItemsController.h"

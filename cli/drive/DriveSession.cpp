@@ -1,6 +1,6 @@
 #include "cli/drive/DriveSession.h"
 
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 
 #include <algorithm>
 #include <charconv>

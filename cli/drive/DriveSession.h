@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cli/Host.h"
+#include "cli/host/Host.h"
 
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UISplitViewController.h"
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controllers/UISplitViewController.h"
 
 #include <memory>
 #include <nlohmann/json.hpp>

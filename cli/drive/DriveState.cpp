@@ -1,12 +1,12 @@
 #include "cli/drive/DriveSession.h"
 #include "kit/FBBarButtonItem.h"
 
-#include "platform/foundation/Text.h"
 #include "platform/social/SLComposeViewController.h"
 #include "platform/swatchkit/ColorText.h"
 #include "platform/swatchkit/SWColorAlert.h"
-#include "platform/uikit/UIAlertView.h"
+#include "platform/text/Text.h"
 #include "platform/uikit/UIApplication.h"
+#include "platform/uikit/views/UIAlertView.h"
 
 namespace prismo::cli {
 

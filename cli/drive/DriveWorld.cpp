@@ -1,17 +1,17 @@
 // The lines of `drive` that are about the device around the module, and about the kit.
 
-#include "cli/Command.h"
+#include "cli/arguments/NotificationName.h"
+#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
-#include "cli/Json.h"
-#include "cli/NotificationName.h"
-#include "cli/RowValue.h"
+#include "cli/output/Json.h"
+#include "cli/pages/RowValue.h"
 #include "kit/FBKillProcess.h"
 #include "kit/FBOpenLinks.h"
 #include "kit/FBPrefsTint.h"
 #include "kit/FBWelcomeTwitterHandler.h"
 #include "prefs/SettingsFile.h"
 
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 #include "platform/uikit/UIApplication.h"
 
 #include <cmath>

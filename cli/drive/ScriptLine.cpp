@@ -1,6 +1,6 @@
 #include "cli/drive/ScriptLine.h"
 
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 
 #include <optional>
 

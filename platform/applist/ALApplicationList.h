@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Value.h"
-#include "platform/uikit/UIImage.h"
+#include "platform/uikit/graphics/UIImage.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "platform/applist/ALValueCell.h"
 #include "platform/foundation/Device.h"
-#include "platform/uikit/UITableView.h"
+#include "platform/uikit/views/UITableView.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/views/UITableViewCell.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "platform/linux/LinuxDevice.h"
 
-#include "platform/linux/BaseLayer.h"
-#include "platform/linux/ChildProcess.h"
-#include "platform/linux/InstalledApplications.h"
+#include "platform/linux/applications/InstalledApplications.h"
+#include "platform/local/installation/BaseLayer.h"
+#include "platform/local/processes/ChildProcess.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "platform/foundation/Device.h"
-#include "platform/linux/AccountService.h"
-#include "platform/linux/DesktopIcons.h"
-#include "platform/linux/DesktopServices.h"
-#include "platform/linux/DeviceRoot.h"
-#include "platform/linux/NotifyDirectory.h"
-#include "platform/linux/PollDriver.h"
-#include "platform/linux/PropertyListFiles.h"
-#include "platform/linux/RequestSender.h"
-#include "platform/linux/ServiceLibrary.h"
+#include "platform/linux/files/DeviceRoot.h"
+#include "platform/linux/files/PropertyListFiles.h"
+#include "platform/linux/notifications/NotifyDirectory.h"
+#include "platform/local/accounts/AccountService.h"
+#include "platform/local/accounts/RequestSender.h"
+#include "platform/local/descriptors/PollDriver.h"
+#include "platform/local/desktop/DesktopIcons.h"
+#include "platform/local/desktop/DesktopServices.h"
+#include "platform/local/installation/ServiceLibrary.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/memory/MemoryDevice.h"
 
-#include "platform/foundation/Link.h"
+#include "platform/text/Link.h"
 
 #include <utility>
 

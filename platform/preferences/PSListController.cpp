@@ -2,7 +2,7 @@
 
 #include "platform/foundation/Device.h"
 #include "platform/preferences/PSTableCell.h"
-#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "platform/preferences/PSSpecifier.h"
 #include "platform/preferences/PSViewController.h"
-#include "platform/uikit/UITableView.h"
+#include "platform/uikit/views/UITableView.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSSpecifier.h"
-#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/views/UITableViewCell.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSSpecifier.h"
-#include "platform/uikit/UIViewController.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 #include <memory>
 

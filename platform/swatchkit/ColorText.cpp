@@ -1,6 +1,6 @@
 #include "platform/swatchkit/ColorText.h"
 
-#include "platform/foundation/Text.h"
+#include "platform/text/Text.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/UIColor.h"
+#include "platform/uikit/graphics/UIColor.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/Observable.h"
-#include "platform/uikit/UIColor.h"
+#include "platform/uikit/graphics/UIColor.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSTableCell.h"
-#include "platform/uikit/UIColor.h"
+#include "platform/uikit/graphics/UIColor.h"
 
 namespace prismo {
 

@@ -2,9 +2,9 @@
 
 #include "platform/foundation/NSObject.h"
 #include "platform/foundation/Observable.h"
-#include "platform/uikit/UIAppearance.h"
 #include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UIWindow.h"
+#include "platform/uikit/views/UIAppearance.h"
 
 #include <map>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/uikit/Geometry.h"
+#include "platform/uikit/graphics/Geometry.h"
 
 namespace prismo {
 

@@ -1,6 +1,6 @@
 #include "settings/supervisor/Instance.h"
 
-#include "platform/linux/BaseDirectories.h"
+#include "platform/local/installation/BaseDirectories.h"
 
 #include <cerrno>
 #include <chrono>

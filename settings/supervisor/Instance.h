@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/UniqueFd.h"
+#include "platform/local/descriptors/UniqueFd.h"
 
 #include <string>
 #include <sys/stat.h>

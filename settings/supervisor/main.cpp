@@ -1,9 +1,9 @@
-#include "settings/Options.h"
+#include "settings/options/Options.h"
 #include "settings/supervisor/Instance.h"
 #include "settings/supervisor/Supervisor.h"
 
-#include "platform/linux/DeviceRootPath.h"
-#include "platform/linux/RunningProgram.h"
+#include "platform/linux/files/DeviceRootPath.h"
+#include "platform/local/installation/RunningProgram.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "tests/support/RowText.h"
 
 #include "platform/foundation/Overloaded.h"
-#include "platform/foundation/Text.h"
-#include "platform/uikit/UIImage.h"
+#include "platform/text/Text.h"
+#include "platform/uikit/graphics/UIImage.h"
 
 #include <stdexcept>
 

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "prefs/SettingsFile.h"
+#include "screens/appscope/Prismo2AppScope.h"
+#include "screens/appscope/PXApplicationListDataSource.h"
 #include "screens/Bundle.h"
-#include "screens/Prismo2AppScope.h"
-#include "screens/Prismo2PrefsListController.h"
-#include "screens/PXApplicationListDataSource.h"
+#include "screens/root/Prismo2PrefsListController.h"
 #include "tests/support/MemoryWorld.h"
 #include "tests/support/RowText.h"
 
-#include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/controllers/UINavigationController.h"
 
 #include <memory>
 #include <optional>

@@ -1,0 +1,11 @@
+#include "cli/arguments/NotificationName.h"
+
+#include "cli/commands/Command.h"
+
+namespace prismo::cli {
+
+void requireNotificationName(const std::string& name) {
+    if (!isNotificationName(name)) throw CommandError(wrongUsage, "'" + name + "' is no notification's name");
+}
+
+} // namespace prismo::cli

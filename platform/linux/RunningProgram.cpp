@@ -1,9 +1,0 @@
-#include "platform/linux/RunningProgram.h"
-
-namespace prismo {
-
-std::filesystem::path runningProgram(std::error_code& error) {
-    return std::filesystem::read_symlink("/proc/self/exe", error);
-}
-
-} // namespace prismo

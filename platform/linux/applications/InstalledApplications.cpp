@@ -1,0 +1,208 @@
+#include "platform/linux/applications/InstalledApplications.h"
+
+#include "platform/local/descriptors/FileBytes.h"
+#include "platform/plist/PropertyListGuard.h"
+#include "platform/plist/PropertyListReader.h"
+#include "platform/png/Png.h"
+#include "platform/text/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <dirent.h>
+#include <fcntl.h>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace prismo {
+
+namespace {
+
+constexpr std::string_view bundleSuffix = ".app";
+
+/// What of "Info.plist" tells of an application.
+constexpr const char* identifierKey = "CFBundleIdentifier";
+constexpr const char* displayNameKey = "CFBundleDisplayName";
+constexpr const char* nameKey = "CFBundleName";
+constexpr const char* tagsKey = "SBAppTags";
+constexpr const char* iconsKey = "CFBundleIcons";
+constexpr const char* iconFilesKey = "CFBundleIconFiles";
+constexpr const char* iconFileKey = "CFBundleIconFile";
+constexpr std::array keys{identifierKey, displayNameKey, nameKey,    tagsKey,
+                          iconsKey,      iconFilesKey,   iconFileKey};
+
+/// An open directory of the device. Names in it are looked up there, which is much shorter than the way from
+/// the root; only what may lead elsewhere takes that.
+class Directory {
+  public:
+    Directory(const DeviceRoot& root, std::string path, int flags)
+        : root_(root), path_(std::move(path)), descriptor_(root.open(path_, flags | O_DIRECTORY)) {}
+    Directory(const Directory& above, const std::string& name, int flags)
+        : root_(above.root_), path_(above.pathOf(name)), descriptor_(above.open(name, flags | O_DIRECTORY)) {}
+
+    explicit operator bool() const { return static_cast<bool>(descriptor_); }
+    std::string pathOf(const std::string& name) const { return path_ + "/" + name; }
+
+    UniqueFd open(const std::string& name, int flags) const {
+        if (isInside(name)) {
+            UniqueFd opened(::openat(descriptor_.get(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC));
+            // With these flags a link is no directory, else it is one link too many.
+            if (opened || (errno != ELOOP && errno != ENOTDIR)) return opened;
+        }
+        return root_.open(pathOf(name), flags);
+    }
+
+    UniqueFd openRegular(const std::string& name, struct stat& status) const {
+        auto file = open(name, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+        if (file && (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) file.reset();
+        return file;
+    }
+
+    /// False where there is no such name for certain.
+    bool mayHave(const std::string& name) const {
+        return !isInside(name) ||
+               ::faccessat(descriptor_.get(), name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    }
+
+    /// In byte order, without those that begin with a dot.
+    std::vector<std::string> names() const {
+        std::vector<std::string> result;
+        alignas(dirent64) std::array<char, 8192> entries{};
+        for (;;) {
+            const auto size = ::getdents64(descriptor_.get(), entries.data(), entries.size());
+            if (size <= 0) break;
+            for (ssize_t at = 0; at < size;) {
+                const auto* entry = reinterpret_cast<const dirent64*>(entries.data() + at);
+                if (entry->d_name[0] != '.') result.emplace_back(entry->d_name);
+                at += entry->d_reclen;
+            }
+        }
+        std::ranges::sort(result);
+        return result;
+    }
+
+  private:
+    static bool isInside(std::string_view name) {
+        return name.find_first_of(notInNames) == std::string_view::npos;
+    }
+    static constexpr std::string_view notInNames{"/\0", 2};
+
+    const DeviceRoot& root_;
+    std::string path_;
+    UniqueFd descriptor_;
+};
+
+/// The width of a PNG image in pixels, 0 where the file is missing or is none.
+std::uint32_t imageWidth(const Directory& directory, const std::string& name) {
+    struct stat status {};
+    const auto file = directory.openRegular(name, status);
+    std::array<char, 64> start{};
+    const auto size = file ? ::read(file.get(), start.data(), start.size()) : 0;
+    const std::string_view bytes(start.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
+    if (!bytes.starts_with(pngSignature)) return 0;
+    // The phone's own variant of the format has a chunk before the header.
+    const auto header = bytes.find("IHDR");
+    if (header == std::string_view::npos || bytes.size() < header + 8) return 0;
+    std::uint32_t width = 0;
+    for (const char c : bytes.substr(header + 4, 4))
+        width = width << 8 | static_cast<unsigned char>(c);
+    return width;
+}
+
+void addTexts(std::vector<std::string>& list, const Value& value) {
+    if (!value.text().empty()) list.push_back(value.text());
+    if (const auto* array = value.as<Array>())
+        for (const auto& item : *array)
+            if (!item.text().empty()) list.push_back(item.text());
+}
+
+std::vector<std::string> iconNames(const Dictionary& info) {
+    std::vector<std::string> result;
+    if (const auto* icons = valueForKey(info, iconsKey).as<Dictionary>())
+        if (const auto* primary = valueForKey(*icons, "CFBundlePrimaryIcon").as<Dictionary>())
+            addTexts(result, valueForKey(*primary, iconFilesKey));
+    addTexts(result, valueForKey(info, iconFilesKey));
+    addTexts(result, valueForKey(info, iconFileKey));
+    return result;
+}
+
+/// The largest image among the files that the names may mean, the first of equal ones.
+std::string iconPath(const Directory& bundle, const Dictionary& info) {
+    std::string best;
+    std::uint32_t width = 0;
+    for (std::string_view name : iconNames(info)) {
+        if (name.ends_with(".png")) name.remove_suffix(4);
+        // The largest first.
+        for (const char* variant : {"@3x", "@3x~iphone", "@2x", "@2x~iphone", "", "~iphone"}) {
+            const auto file = std::string(name) + variant + ".png";
+            // Most of what is tried is missing.
+            const auto found = bundle.mayHave(file) ? imageWidth(bundle, file) : 0;
+            if (found == 0) continue;
+            if (found > width) {
+                width = found;
+                best = bundle.pathOf(file);
+            }
+            break; // the other variants are smaller
+        }
+    }
+    return best;
+}
+
+bool isHidden(const Dictionary& info) {
+    const auto* tags = valueForKey(info, tagsKey).as<Array>();
+    return tags && std::ranges::any_of(*tags, [](const Value& tag) { return tag.text() == "hidden"; });
+}
+
+std::string displayName(const Dictionary& info, const std::string& folder) {
+    for (const char* key : {displayNameKey, nameKey})
+        if (const auto& name = valueForKey(info, key).text(); !name.empty()) return name;
+    return folder.substr(0, folder.size() - bundleSuffix.size());
+}
+
+class Finder {
+  public:
+    void find(const Directory& directory, bool isSystem) {
+        if (!directory) return;
+        for (const auto& folder : directory.names())
+            if (folder.ends_with(bundleSuffix)) add(Directory(directory, folder, O_PATH), folder, isSystem);
+    }
+
+    std::vector<InstalledApplication> result;
+
+  private:
+    void add(const Directory& bundle, const std::string& folder, bool isSystem) {
+        struct stat status {};
+        const auto file = bundle ? bundle.openRegular("Info.plist", status) : UniqueFd();
+        if (!file || !readAll(file.get(), status, maximumPropertyListSize, bytes_)) return;
+        const auto info = readDictionary(bytes_, keys);
+        if (!info || isHidden(*info)) return;
+        const auto& identifier = valueForKey(*info, identifierKey).text();
+        if (!isApplicationIdentifier(identifier) || !identifiers_.insert(identifier).second) return;
+        result.push_back({identifier, displayName(*info, folder), isSystem, iconPath(bundle, *info)});
+    }
+
+    std::set<std::string> identifiers_;
+    Data bytes_;
+};
+
+} // namespace
+
+bool isApplicationIdentifier(std::string_view text) {
+    // It becomes a part of keys, which a settings file has to be able to hold.
+    return !text.empty() && isPlainUtf8(text) && isXmlText(text);
+}
+
+std::vector<InstalledApplication> findApplications(const DeviceRoot& root) {
+    Finder finder;
+    finder.find(Directory(root, "/Applications", O_RDONLY), true);
+    const Directory store(root, "/var/containers/Bundle/Application", O_RDONLY);
+    if (store)
+        for (const auto& container : store.names())
+            finder.find(Directory(store, container, O_RDONLY), false);
+    return std::move(finder.result);
+}
+
+} // namespace prismo

@@ -1,0 +1,85 @@
+#include "platform/linux/files/TemporaryFile.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+
+namespace prismo {
+
+namespace {
+
+constexpr std::string_view prefix = ".prismo2-";
+constexpr std::string_view suffix = ".tmp";
+constexpr std::size_t tokenLength = 16;
+
+/// Nobody can guess it, and so plant something under it.
+std::string newName() {
+    std::uint64_t number = 0;
+    if (::getrandom(&number, sizeof number, 0) != sizeof number) return {};
+    std::array<char, tokenLength + 1> text{};
+    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(number));
+    return std::string(prefix) + text.data() + std::string(suffix);
+}
+
+bool isName(std::string_view name) {
+    return name.size() == prefix.size() + tokenLength + suffix.size() && name.starts_with(prefix) &&
+           name.ends_with(suffix);
+}
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+
+} // namespace
+
+TemporaryFile::TemporaryFile(int directory) : directory_(directory) {
+    struct stat status {};
+    do {
+        name_ = newName();
+        if (name_.empty()) return;
+        descriptor_ = UniqueFd(
+            ::openat(directory_, name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+        if (!descriptor_) return;
+        // Where locks are not to be had, nobody else gets one to take the file for abandoned.
+        ::flock(descriptor_.get(), LOCK_EX);
+        // Before it was locked, another process may have removed it.
+    } while (::fstat(descriptor_.get(), &status) == 0 && status.st_nlink == 0);
+}
+
+TemporaryFile::~TemporaryFile() {
+    if (!descriptor_ || name_.empty()) return;
+    const int error = errno;
+    ::unlinkat(directory_, name_.c_str(), 0);
+    errno = error;
+}
+
+bool TemporaryFile::replace(const std::string& name) {
+    if (::fsync(descriptor_.get()) != 0 ||
+        ::renameat(directory_, name_.c_str(), directory_, name.c_str()) != 0)
+        return false;
+    name_.clear();
+    return true;
+}
+
+void TemporaryFile::removeAbandoned(int directory) {
+    UniqueFd opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, CloseDirectory> list(opened ? ::fdopendir(opened.get()) : nullptr);
+    if (!list) return;
+    opened.release();
+    while (const dirent* entry = ::readdir(list.get())) {
+        if (!isName(entry->d_name)) continue;
+        const UniqueFd file(
+            ::openat(directory, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+        if (file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) ::unlinkat(directory, entry->d_name, 0);
+    }
+}
+
+} // namespace prismo

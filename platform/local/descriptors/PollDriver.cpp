@@ -1,0 +1,89 @@
+#include "platform/local/descriptors/PollDriver.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <ctime>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace prismo {
+
+PollDriver::PollDriver(Clock clock) : clock_(clock), wakeUps_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (!wakeUps_) throw std::system_error(errno, std::generic_category(), "eventfd");
+}
+
+RunLoop::Time PollDriver::now() {
+    if (clock_ == Clock::virtualTime) return virtualNow_;
+    return std::chrono::duration_cast<RunLoop::Time>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void PollDriver::wait(std::optional<RunLoop::Time> deadline) {
+    // What an outer wait has left comes first: its descriptors would only be reported a second time.
+    if (ready_.empty()) poll(deadline);
+    dispatch();
+}
+
+void PollDriver::wakeUp() {
+    // Fails only where the counter is full, and then the wait ends anyway.
+    [[maybe_unused]] const auto written = ::eventfd_write(wakeUps_.get(), 1);
+}
+
+void PollDriver::watch(int fd, std::function<void()> readable) {
+    unwatch(fd);
+    watches_.push_back(
+        {fd, watchesMade_++, std::make_shared<const std::function<void()>>(std::move(readable))});
+}
+
+void PollDriver::unwatch(int fd) {
+    std::erase_if(watches_, [&](const Watch& watch) { return watch.fd == fd; });
+}
+
+std::shared_ptr<void> PollDriver::holdClock() {
+    if (clock_ != Clock::virtualTime) return nullptr;
+    ++holds_;
+    return {this, [](PollDriver* driver) {
+                // In this order: the wait that this ends finds the clock free.
+                --driver->holds_;
+                driver->wakeUp();
+            }};
+}
+
+void PollDriver::poll(std::optional<RunLoop::Time> deadline) {
+    std::vector<pollfd> descriptors{{wakeUps_.get(), POLLIN, 0}};
+    for (const auto& watch : watches_)
+        descriptors.push_back({watch.fd, POLLIN, 0});
+    const bool isEndless = !deadline || holds_ > 0;
+    timespec timeout{};
+    if (deadline && clock_ == Clock::monotonic) {
+        const auto left = std::max(*deadline - now(), RunLoop::Time::zero());
+        const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
+        timeout.tv_sec = static_cast<time_t>(seconds.count());
+        timeout.tv_nsec = static_cast<long>((left - seconds).count());
+    }
+    const int ready =
+        ::ppoll(descriptors.data(), descriptors.size(), isEndless ? nullptr : &timeout, nullptr);
+    if (ready == 0 && clock_ == Clock::virtualTime) virtualNow_ = std::max(virtualNow_, *deadline);
+    if (ready <= 0) return;
+    if (descriptors[0].revents != 0) {
+        eventfd_t count = 0;
+        ::eventfd_read(wakeUps_.get(), &count);
+    }
+    for (std::size_t i = 0; i < watches_.size(); ++i)
+        if (descriptors[i + 1].revents != 0) ready_.push_back(watches_[i].id);
+}
+
+void PollDriver::dispatch() {
+    while (!ready_.empty()) {
+        const auto watch = std::ranges::find(watches_, ready_.front(), &Watch::id);
+        ready_.pop_front();
+        if (watch == watches_.end()) continue;
+        // A copy of the pointer: the callback may end its own watch.
+        const auto readable = watch->readable;
+        (*readable)();
+    }
+}
+
+} // namespace prismo

@@ -1,0 +1,291 @@
+#include "platform/plist/PropertyListReader.h"
+
+#include "platform/plist/PropertyListGuard.h"
+#include "platform/text/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <chrono>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <plist/plist.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace prismo {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+struct FreeNode {
+    void operator()(void* node) const { ::plist_free(node); }
+};
+struct FreeMemory {
+    void operator()(void* memory) const { std::free(memory); }
+};
+using Node = std::unique_ptr<void, FreeNode>;
+using Memory = std::unique_ptr<char, FreeMemory>;
+
+/// Numbers in files have a point, whatever the host has told the C library of the person's language.
+class PointForDecimals {
+  public:
+    PointForDecimals() {
+        if (std::string_view(std::localeconv()->decimal_point) == ".") return;
+        locale_ = ::newlocale(LC_ALL_MASK, "C", nullptr);
+        previous_ = ::uselocale(locale_);
+    }
+    ~PointForDecimals() {
+        if (!locale_) return;
+        ::uselocale(previous_);
+        ::freelocale(locale_);
+    }
+    PointForDecimals(const PointForDecimals&) = delete;
+    PointForDecimals& operator=(const PointForDecimals&) = delete;
+
+  private:
+    locale_t locale_ = nullptr;
+    locale_t previous_ = nullptr;
+};
+
+/// The number in the node's own file: a header of eight bytes, a marker, and eight bytes, big end first.
+std::uint64_t storedNumber(plist_t node) {
+    char* bytes = nullptr;
+    std::uint32_t size = 0;
+    ::plist_to_bin(node, &bytes, &size);
+    const Memory memory(bytes);
+    std::uint64_t number = 0;
+    for (std::uint32_t i = 9; i < std::min(size, 17U); ++i)
+        number = number << 8 | static_cast<std::uint8_t>(bytes[i]);
+    return number;
+}
+
+/// What stands inside `tag` in the node's own XML file.
+std::string writtenText(plist_t node, std::string_view tag) {
+    char* bytes = nullptr;
+    std::uint32_t size = 0;
+    ::plist_to_xml(node, &bytes, &size);
+    const Memory memory(bytes);
+    const std::string_view text(bytes, size);
+    const auto start = std::min(text.find(tag), text.size() - tag.size()) + tag.size();
+    return std::string(text.substr(start, text.find('<', start) - start));
+}
+
+Value integer(plist_t node) {
+    std::uint64_t value = 0;
+    ::plist_get_uint_val(node, &value);
+    const auto number = static_cast<std::int64_t>(value);
+    if (number >= 0) return number;
+    // Negative, or too large for a signed integer. Only some versions of the library have a function that
+    // says which, but all of them write the sign.
+    return writtenText(node, "<integer>").starts_with('-') ? Value(number) : Value(value);
+}
+
+/// The date in the node's own XML file. Making a binary one takes a table of 32 KiB each time.
+Date writtenDate(plist_t node) {
+    int year = 0;
+    std::array<unsigned, 5> parts{};
+    std::sscanf(writtenText(node, "<date>").c_str(), "%d-%u-%uT%u:%u:%uZ", &year, parts.data(), &parts[1],
+                &parts[2], &parts[3], &parts[4]);
+    using namespace std::chrono;
+    constexpr sys_days reference = std::chrono::year(2001) / January / 1;
+    const sys_days day = std::chrono::year(year) / month(parts[0]) / std::chrono::day(parts[1]);
+    const seconds time = hours(parts[2]) + minutes(parts[3]) + seconds(parts[4]);
+    return Date{static_cast<double>((day - reference + time).count())};
+}
+
+/// Copies the library's values into ours.
+class Copier {
+  public:
+    enum class Format { xml, binary };
+    explicit Copier(Format format) : format_(format) {}
+
+    /// Did the file hold nothing that the library cannot tell faithfully?
+    bool isFaithful() const { return isFaithful_; }
+
+    Dictionary dictionary(plist_t node) {
+        Dictionary result;
+        plist_dict_iter start = nullptr;
+        ::plist_dict_new_iter(node, &start);
+        const Memory iterator(static_cast<char*>(start));
+        for (;;) {
+            char* name = nullptr;
+            plist_t child = nullptr;
+            ::plist_dict_next_item(node, start, &name, &child);
+            const Memory key(name);
+            if (!child) return result;
+            std::string text(checked(name));
+            // A file of this system has its keys in order.
+            const auto place = result.empty() || std::prev(result.end())->first < text
+                                   ? result.end()
+                                   : result.lower_bound(text);
+            result.insert_or_assign(place, std::move(text), value(child));
+        }
+    }
+
+    /// The values under these keys, as far as there are any.
+    Dictionary dictionary(plist_t node, std::span<const char* const> keys) {
+        Dictionary result;
+        for (const char* key : keys)
+            if (plist_t child = ::plist_dict_get_item(node, key)) result.insert_or_assign(key, value(child));
+        return result;
+    }
+
+  private:
+    std::string_view checked(std::string_view text) {
+        isFaithful_ = isFaithful_ && isPlainUtf8(text);
+        return text;
+    }
+
+    Value value(plist_t node) {
+        switch (::plist_get_node_type(node)) {
+        case PLIST_BOOLEAN: {
+            std::uint8_t held = 0;
+            ::plist_get_bool_val(node, &held);
+            return held != 0;
+        }
+        case PLIST_UINT:
+            return integer(node);
+        case PLIST_REAL: {
+            double held = 0;
+            ::plist_get_real_val(node, &held);
+            return held;
+        }
+        case PLIST_STRING: {
+            std::uint64_t size = 0;
+            const char* text = ::plist_get_string_ptr(node, &size);
+            return checked({text, static_cast<std::size_t>(size)});
+        }
+        case PLIST_DATE:
+            return date(node);
+        case PLIST_DATA: {
+            std::uint64_t size = 0;
+            const char* bytes = ::plist_get_data_ptr(node, &size);
+            return Data(bytes, bytes + size);
+        }
+        case PLIST_ARRAY:
+            return array(node);
+        case PLIST_DICT:
+            return dictionaryOrUid(node);
+        case PLIST_UID: {
+            Uid held;
+            ::plist_get_uid_val(node, &held.index);
+            return held;
+        }
+        default:
+            isFaithful_ = false;
+            return {};
+        }
+    }
+
+    Date date(plist_t node) const {
+        std::int32_t seconds = 0;
+        std::int32_t microseconds = 0;
+        ::plist_get_date_val(node, &seconds, &microseconds);
+        // The getter has no more than 32 bits for the seconds, and drops what is below a microsecond.
+        constexpr std::int32_t safe = std::numeric_limits<std::int32_t>::max() - 1;
+        if (microseconds == 0 && seconds > -safe && seconds < safe) return {static_cast<double>(seconds)};
+        if (format_ == Format::xml) return writtenDate(node);
+        return {std::bit_cast<double>(storedNumber(node))};
+    }
+
+    Array array(plist_t node) {
+        Array result;
+        result.reserve(::plist_array_get_size(node));
+        plist_array_iter start = nullptr;
+        ::plist_array_new_iter(node, &start);
+        const Memory iterator(static_cast<char*>(start));
+        for (;;) {
+            plist_t child = nullptr;
+            ::plist_array_next_item(node, start, &child);
+            if (!child) return result;
+            result.push_back(value(child));
+        }
+    }
+
+    Value dictionaryOrUid(plist_t node) {
+        auto held = dictionary(node);
+        if (format_ == Format::xml && held.size() == 1) {
+            const auto* index = valueForKey(held, "CF$UID").as<std::int64_t>();
+            if (index && *index >= 0) return Uid{static_cast<std::uint64_t>(*index)};
+        }
+        return held;
+    }
+
+    Format format_;
+    bool isFaithful_ = true;
+};
+
+std::string_view textOf(std::span<const std::uint8_t> bytes) {
+    std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+    return text;
+}
+
+bool isBinary(std::string_view text) { return text.starts_with("bplist"); }
+
+/// Calls `copy` with a copier and the dictionary that a safe file holds.
+template <typename Copy>
+std::optional<Dictionary> copied(std::string_view text, const Copy& copy) {
+    const PointForDecimals point;
+    plist_t read = nullptr;
+    const auto size = static_cast<std::uint32_t>(text.size());
+    if (isBinary(text))
+        ::plist_from_bin(text.data(), size, &read);
+    else
+        ::plist_from_xml(text.data(), size, &read);
+    const Node root(read);
+    if (!root || ::plist_get_node_type(read) != PLIST_DICT) return {};
+    Copier copier(isBinary(text) ? Copier::Format::binary : Copier::Format::xml);
+    Dictionary dictionary = copy(copier, read);
+    return copier.isFaithful() ? std::optional(std::move(dictionary)) : std::nullopt;
+}
+
+/// A file with these keys alone, as far as there are any; nothing where that is not to be told from the keys
+/// as they are written.
+std::optional<std::string> withKeys(std::span<const char* const> keys, std::span<const XmlEntry> entries) {
+    std::string text = "<plist><dict>";
+    for (const auto& entry : entries) {
+        if (entry.key.empty()) return {};
+        if (std::ranges::find(keys, entry.key) != keys.end())
+            text.append("<key>").append(entry.key).append("</key>").append(entry.value);
+    }
+    return text.append("</dict></plist>");
+}
+
+} // namespace
+
+std::variant<Dictionary, Refusal> parseDictionary(std::span<const std::uint8_t> bytes) {
+    const auto text = textOf(bytes);
+    const auto verdict = isBinary(text) ? judgeBinary(bytes) : judgeXml(text);
+    if (verdict == Verdict::beyondLimits) return Refusal::beyondLimits;
+    if (verdict == Verdict::malformed) return Refusal::malformed;
+    auto dictionary = copied(text, [](Copier& copier, plist_t root) { return copier.dictionary(root); });
+    if (!dictionary) return Refusal::malformed;
+    return std::move(*dictionary);
+}
+
+std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes) {
+    auto parsed = parseDictionary(bytes);
+    auto* dictionary = std::get_if<Dictionary>(&parsed);
+    return dictionary ? std::optional(std::move(*dictionary)) : std::nullopt;
+}
+
+std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes,
+                                         std::span<const char* const> keys) {
+    const auto text = textOf(bytes);
+    const auto copy = [keys](Copier& copier, plist_t root) { return copier.dictionary(root, keys); };
+    if (isBinary(text)) return judgeBinary(bytes) == Verdict::safe ? copied(text, copy) : std::nullopt;
+    std::vector<XmlEntry> entries;
+    if (judgeXml(text, &entries) != Verdict::safe) return {};
+    // The library compares each key with all before it, and makes three blocks of memory of each value.
+    const auto shorter = withKeys(keys, entries);
+    return copied(shorter ? std::string_view(*shorter) : text, copy);
+}
+
+} // namespace prismo

@@ -1,0 +1,51 @@
+#include "platform/text/Link.h"
+
+#include "platform/text/Text.h"
+
+#include <algorithm>
+
+namespace prismo {
+
+namespace {
+
+// The kernel takes no argument of more than 131,072 bytes; every real link is far shorter.
+constexpr std::size_t longest = 65'536;
+
+constexpr std::string_view lower = "abcdefghijklmnopqrstuvwxyz";
+constexpr std::string_view upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::string_view digits = "0123456789";
+constexpr std::string_view hexadecimal = "0123456789abcdefABCDEF";
+
+bool isOneOf(std::string_view set, char c) { return set.find(c) != std::string_view::npos; }
+
+bool isLetter(char c) { return isOneOf(lower, c) || isOneOf(upper, c); }
+
+bool isSchemeCharacter(char c) { return isLetter(c) || isOneOf(digits, c) || isOneOf("+-.", c); }
+
+/// The characters of RFC 3986, reserved and unreserved.
+bool isLinkCharacter(char c) {
+    return isLetter(c) || isOneOf(digits, c) || isOneOf("-._~:/?#[]@!$&'()*+,;=%", c);
+}
+
+bool escapesAreWhole(std::string_view text) {
+    for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1)) {
+        const auto escaped = text.substr(at + 1, 2);
+        if (escaped.size() != 2 || escaped.find_first_not_of(hexadecimal) != std::string_view::npos)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<std::string> linkScheme(std::string_view url) {
+    const auto colon = url.find(':');
+    if (url.size() > longest || colon == std::string_view::npos) return {};
+    const auto scheme = url.substr(0, colon);
+    if (scheme.empty() || !isLetter(scheme.front()) || !std::ranges::all_of(scheme, isSchemeCharacter) ||
+        !std::ranges::all_of(url, isLinkCharacter) || !escapesAreWhole(url))
+        return {};
+    return lowercased(scheme);
+}
+
+} // namespace prismo

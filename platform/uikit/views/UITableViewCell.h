@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/uikit/graphics/UIImage.h"
+#include "platform/uikit/views/UILabel.h"
+#include "platform/uikit/views/UIView.h"
+
+#include <memory>
+
+namespace prismo {
+
+enum class UITableViewCellAccessory { none, disclosureIndicator, checkmark };
+
+/// One row of a table as it is to be drawn.
+class UITableViewCell : public UIView {
+  public:
+    static const Class& classObject();
+    const Class& isa() const override { return classObject(); }
+
+    /// The cell's own; their changes are the cell's too.
+    UILabel& textLabel() { return *textLabel_; }
+    UILabel& detailTextLabel() { return *detailTextLabel_; }
+    const std::shared_ptr<UIImage>& image() const { return image_; }
+    void setImage(std::shared_ptr<UIImage> image) { assign(image_, std::move(image)); }
+    UITableViewCellAccessory accessoryType() const { return accessoryType_; }
+    void setAccessoryType(UITableViewCellAccessory type) { assign(accessoryType_, type); }
+    /// A disabled cell is greyed out and takes no taps.
+    bool isEnabled() const { return enabled_; }
+    void setEnabled(bool enabled) { assign(enabled_, enabled); }
+
+  private:
+    std::shared_ptr<UILabel> textLabel_ = std::make_shared<UILabel>();
+    std::shared_ptr<UILabel> detailTextLabel_ = std::make_shared<UILabel>();
+    Subscription textChanges_ = textLabel_->observe([this] { changed(); });
+    Subscription detailTextChanges_ = detailTextLabel_->observe([this] { changed(); });
+    std::shared_ptr<UIImage> image_;
+    UITableViewCellAccessory accessoryType_ = UITableViewCellAccessory::none;
+    bool enabled_ = true;
+};
+
+} // namespace prismo

@@ -1,0 +1,100 @@
+// The directory of the notifications removed, moved or replaced under its observers.
+
+#include "tests/platform/linux/notifications/NotifyWorld.h"
+
+#include <cerrno>
+#include <poll.h>
+
+namespace prismo {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+using NotifyReplacedDirectoryTest = NotifyWorld;
+
+TEST_F(NotifyReplacedDirectoryTest, DirectoryRemovedCountsAsAPostOfEveryName) {
+    for (const auto* name : {"a", "b"})
+        observer.observe(name);
+    fs::remove_all(path);
+    EXPECT_EQ(delivered(), (Names{"a", "b"}));
+}
+
+TEST_F(NotifyReplacedDirectoryTest, PostsAfterTheDirectoryWasRemovedAreDelivered) {
+    observer.observe("changed");
+    fs::remove_all(path);
+    delivered();
+    EXPECT_EQ(delivered(), Names{});
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, DirectoryMovedAwayCountsAsAPostAndANewOneTakesItsPlace) {
+    observer.observe("changed");
+    fs::rename(path, temporary.path() / "elsewhere");
+    EXPECT_EQ(delivered(), Names{"changed"});
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, DirectoryMovedAwayIsNoLongerListenedTo) {
+    observer.observe("changed");
+    fs::rename(path, temporary.path() / "elsewhere");
+    delivered();
+    delivered(); // the kernel's word that the old watch has ended
+    NotifyDirectory(opener(temporary.path() / "elsewhere")).post("changed");
+    pollfd ready{observer.descriptor(), POLLIN, 0};
+    EXPECT_EQ(::poll(&ready, 1, 0), 0);
+}
+
+TEST_F(NotifyReplacedDirectoryTest, DirectoryRemovedDuringAPostIsMadeAgainByIt) {
+    observer.observe("changed");
+    int opened = 0;
+    NotifyDirectory unlucky([&] {
+        auto directory = opener(path)();
+        if (opened++ == 0) fs::remove_all(path);
+        return directory;
+    });
+    EXPECT_EQ(unlucky.post("changed"), 0);
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, RemovedDirectoryThatIsHeldOpenIsReplacedByTheNextPost) {
+    observer.observe("changed");
+    const auto held = opener(path)();
+    fs::remove_all(path);
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, ParentMovedAwayCountsAsAPost) {
+    observer.observe("changed");
+    fs::rename(path.parent_path(), temporary.path() / "elsewhere");
+    fs::create_directory(path.parent_path());
+    EXPECT_EQ(delivered(), Names{"changed"});
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, AnotherDirectoryInTheParentIsNoPost) {
+    observer.observe("changed");
+    fs::create_directory(path.parent_path() / "other");
+    EXPECT_EQ(delivered(), Names{});
+}
+
+TEST_F(NotifyReplacedDirectoryTest, DirectoryThatCannotBeMadeAgainIsAnErrorAndANewObservationMendsIt) {
+    observer.observe("changed");
+    fs::remove_all(path.parent_path());
+    Names names;
+    EXPECT_EQ(observer.read([&](const std::string& name) { names.push_back(name); }), ENOENT);
+    EXPECT_EQ(names, Names{"changed"});
+    fs::create_directory(path.parent_path());
+    EXPECT_EQ(observer.observe("changed"), 0);
+    poster.post("changed");
+    EXPECT_EQ(delivered(), Names{"changed"});
+}
+
+} // namespace
+} // namespace prismo

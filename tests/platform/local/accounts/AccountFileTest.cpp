@@ -1,0 +1,115 @@
+#include "tests/platform/local/accounts/AccountWorld.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace prismo {
+
+namespace {
+
+class AccountFileTest : public testing::Test, public AccountWorld {
+  protected:
+    std::optional<AccountFile::Entries> read() {
+        problem.reset();
+        return AccountFile(root()).read(&problem);
+    }
+    void expectRefusal(FileProblem::Kind kind, const std::string& cause) {
+        EXPECT_FALSE(read());
+        ASSERT_TRUE(problem);
+        EXPECT_EQ(*problem, (FileProblem{kind, file(), cause}));
+    }
+
+    std::optional<FileProblem> problem;
+};
+
+} // namespace
+
+TEST_F(AccountFileTest, AccountsComeInTheFilesOrderWithTheirSecrets) {
+    writeAccounts(entry("2", "zoe", {"key", "hush", "token", "hushToo"}) + entry("1", "amy"));
+    const auto entries = read().value();
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].account, (Account{"2", "zoe"}));
+    EXPECT_EQ(entries[0].secrets.consumerKey, "key");
+    EXPECT_EQ(entries[0].secrets.consumerSecret, "hush");
+    EXPECT_EQ(entries[0].secrets.token, "token");
+    EXPECT_EQ(entries[0].secrets.tokenSecret, "hushToo");
+    EXPECT_EQ(entries[1].account, (Account{"1", "amy"}));
+    EXPECT_FALSE(problem);
+}
+
+TEST_F(AccountFileTest, MissingFileIsRefusedWithoutAProblem) {
+    EXPECT_FALSE(read());
+    EXPECT_FALSE(problem);
+    std::filesystem::remove(file().parent_path());
+    EXPECT_FALSE(read());
+    EXPECT_FALSE(problem);
+}
+
+TEST_F(AccountFileTest, EmptyListIsAList) {
+    writeAccounts("");
+    EXPECT_TRUE(read().value().empty());
+}
+
+TEST_F(AccountFileTest, EntriesThatLackSomethingAreLeftOut) {
+    writeAccounts("<string>amy</string><dict/>" + entry("", "noIdentifier") + entry("1", "") +
+                  entry("1", "noTokenSecret", {"a", "b", "c", ""}) + entry("7", "amy") +
+                  "<dict><key>identifier</key><integer>8</integer></dict>");
+    const auto entries = read().value();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].account, (Account{"7", "amy"}));
+}
+
+TEST_F(AccountFileTest, FileThatOthersCanUseIsNotBelieved) {
+    for (const mode_t mode : {0640U, 0620U, 0610U, 0604U, 0602U, 0601U, 0644U}) {
+        writeAccounts(entry("1", "amy"), mode);
+        expectRefusal(FileProblem::Kind::unreadable,
+                      "Holds secrets, and others have access to it (chmod 600 takes that away)");
+    }
+}
+
+TEST_F(AccountFileTest, FileThatOnlyItsOwnerReadsIsBelieved) {
+    writeAccounts(entry("1", "amy"), 0400);
+    EXPECT_EQ(read().value().size(), 1U);
+}
+
+TEST_F(AccountFileTest, FileOfAnotherUserIsNotBelieved) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can give a file away";
+    writeAccounts(entry("1", "amy"));
+    ASSERT_EQ(::chown(file().c_str(), 12345, 0), 0);
+    expectRefusal(FileProblem::Kind::unreadable, "Belongs to another user");
+}
+
+TEST_F(AccountFileTest, OnlyARegularFileIsBelieved) {
+    ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
+    expectRefusal(FileProblem::Kind::unreadable, "Not a regular file");
+    std::filesystem::remove(file());
+    std::filesystem::create_directory(file());
+    expectRefusal(FileProblem::Kind::unreadable, "Is a directory");
+}
+
+TEST_F(AccountFileTest, LinkOutOfTheDeviceLeadsNowhere) {
+    const TemporaryDirectory outside;
+    const auto target = outside.path() / "secrets.plist";
+    writeAccounts(entry("1", "amy"));
+    std::filesystem::rename(file(), target);
+    std::filesystem::create_symlink(target, file());
+    EXPECT_FALSE(read());
+}
+
+TEST_F(AccountFileTest, FileWithoutAListIsMalformed) {
+    const std::string cause = "Holds no list of accounts";
+    write("<key>accounts</key><string>amy</string>");
+    expectRefusal(FileProblem::Kind::malformed, cause);
+    write("");
+    expectRefusal(FileProblem::Kind::malformed, cause);
+    std::ofstream(file()) << "no property list";
+    expectRefusal(FileProblem::Kind::malformed, cause);
+}
+
+TEST_F(AccountFileTest, EndlessFileIsNotRead) {
+    writeAccounts(entry("1", "amy"));
+    std::filesystem::resize_file(file(), std::uintmax_t{1} << 40);
+    expectRefusal(FileProblem::Kind::unreadable, "File too large");
+}
+
+} // namespace prismo

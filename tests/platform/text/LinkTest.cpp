@@ -1,0 +1,38 @@
+#include "platform/text/Link.h"
+
+#include <gtest/gtest.h>
+
+namespace prismo {
+namespace {
+
+TEST(LinkTest, SchemeIsWhatStandsBeforeTheFirstColon) {
+    EXPECT_EQ(linkScheme("mailto:a@example.com"), "mailto");
+    EXPECT_EQ(linkScheme("x-y.z+1://a:b"), "x-y.z+1");
+    EXPECT_EQ(linkScheme("cydia:"), "cydia");
+}
+
+TEST(LinkTest, SchemeIsInLowerCase) { EXPECT_EQ(linkScheme("HTTP://Example.COM/"), "http"); }
+
+TEST(LinkTest, ReservedCharactersAndWholeEscapesStandInALink) {
+    EXPECT_EQ(linkScheme("http://h/-._~:/?#[]@!$&'()*+,;=%20%C3%bc"), "http");
+}
+
+TEST(LinkTest, TextWithoutASchemeIsNoLink) {
+    for (const auto* text : {"", ":", "a", "//a:", "-a:", "1a:", " a:", "a b:", "../a:", "\xC3\xBC:"})
+        EXPECT_EQ(linkScheme(text), std::nullopt) << text;
+}
+
+TEST(LinkTest, TextWithCharactersThatALinkEscapesIsNone) {
+    for (const std::string text : {" ", "\n", "\"", "<", ">", "\\", "^", "`", "{", "|", "}", "\x7F",
+                                   "\xC3\xBC", "%", "%2", "%zz", "a%2"})
+        EXPECT_EQ(linkScheme("http://" + text), std::nullopt) << text;
+    EXPECT_EQ(linkScheme(std::string("http:\0", 6)), std::nullopt);
+}
+
+TEST(LinkTest, LinkHasAtMost65536Bytes) {
+    EXPECT_EQ(linkScheme("a:" + std::string(65'534, 'b')), "a");
+    EXPECT_EQ(linkScheme("a:" + std::string(65'535, 'b')), std::nullopt);
+}
+
+} // namespace
+} // namespace prismo

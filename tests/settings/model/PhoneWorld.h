@@ -1,0 +1,70 @@
+#pragma once
+
+#include "settings/bundles/BundleListController.h"
+#include "settings/model/pages/Page.h"
+#include "settings/model/Phone.h"
+#include "tests/support/World.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <QAbstractItemModel>
+#include <QCoreApplication>
+#include <QString>
+#include <string>
+
+namespace prismo::settings {
+
+/// The phone's screen on a device in memory with the bundle and an application "Example". Time is the
+/// device's: what happens in the window happens when its events are handled, which `settle` does.
+struct PhoneWorld : World {
+    PhoneWorld() { phone.open(firstPage()); }
+
+    std::shared_ptr<UIViewController> firstPage() {
+        return BundleListController::initWithEntries(
+            {{"Elsewhere", "Elsewhere", "", false}, {"Prismo 2", "Prismo2Prefs", "", true}}, "/the/root",
+            [](const std::string& /*bundle*/) -> const Class& { return prismo2PrefsPrincipalClass(); },
+            [this](const std::string& why) { phone.notices()->add("Cannot Be Opened", why.c_str()); });
+    }
+
+    /// Handles what is under way, on the device and in the window.
+    void settle() {
+        constexpr int turns = 4;
+        for (int i = 0; i < turns; ++i) {
+            QCoreApplication::processEvents();
+            runFor(0);
+        }
+    }
+    /// Lets the time pass that a page takes to settle after a change.
+    void settlePage() {
+        settle();
+        runFor(0.05);
+        settle();
+    }
+
+    Page& top() { return dynamic_cast<Page&>(*phone.pages()->top()); }
+    Table& table() { return *top().table(); }
+    QVariant role(int row, const char* name) { return roleOf(table(), row, name); }
+    static QVariant roleOf(const QAbstractItemModel& model, int row, const char* name) {
+        return model.data(model.index(row, 0), model.roleNames().key(name));
+    }
+    /// The position of the first line of that title and kind; the test fails where there is none.
+    int row(const QString& title, const QString& kind = {}) {
+        for (int i = 0; i < table().rowCount(); ++i)
+            if (role(i, "title") == title && (kind.isEmpty() || role(i, "kind") == kind)) return i;
+        throw std::logic_error("no line '" + title.toStdString() + "'");
+    }
+    void tap(const QString& title) {
+        table().tap(row(title));
+        settlePage();
+    }
+    /// Opens the module's root page.
+    Prismo2PrefsListController& openModule() {
+        tap("Prismo 2");
+        auto& opened = dynamic_cast<Prismo2PrefsListController&>(*top().controller());
+        return opened;
+    }
+
+    Phone phone{{"/the/root", ""}};
+};
+
+} // namespace prismo::settings
