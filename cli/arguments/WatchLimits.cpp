@@ -1,6 +1,6 @@
 #include "cli/arguments/WatchLimits.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
 #include <cmath>
 #include <memory>

@@ -6,7 +6,7 @@
 #include "cli/pages/RowValue.h"
 #include "prefs/PHPrefsManager.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
 #include <cmath>
 

@@ -6,11 +6,10 @@
 
 #include "platform/social/SLComposeViewController.h"
 #include "platform/swatchkit/SWColorAlert.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/controllers/UIBarButtonItem.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/views/UIAlertView.h"
-
-#include <charconv>
 
 namespace prismo::cli {
 
@@ -41,15 +40,13 @@ Answer DriveSession::cancel(const Words& /*words*/) {
 }
 
 Answer DriveSession::answer(const Words& words) {
-    std::size_t button = 0;
     const auto& text = words[0];
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), button);
-    if (error != std::errc() || end != text.data() + text.size())
-        throw CommandError(wrongUsage, "'" + text + "' is no button's number");
+    const auto button = numberFromText<std::size_t>(text);
+    if (!button) throw CommandError(wrongUsage, "'" + text + "' is no button's number");
     const auto alert = presented<UIAlertView>("alert");
-    if (button >= alert->buttonTitles().size())
+    if (*button >= alert->buttonTitles().size())
         throw CommandError(nothingThere, "the alert has no button " + text);
-    alert->clickButtonAtIndex(button);
+    alert->clickButtonAtIndex(*button);
     return Answer::object();
 }
 

@@ -2,9 +2,11 @@
 
 #include "cli/commands/Command.h"
 
+#include "platform/text/Number.h"
+
 #include <algorithm>
-#include <charconv>
 #include <limits>
+#include <string_view>
 
 namespace prismo::cli {
 
@@ -94,10 +96,8 @@ std::shared_ptr<PSSpecifier> DriveSession::row(const std::string& name) const {
     const auto rows = topPage()->rows();
     std::shared_ptr<PSSpecifier> found;
     if (name.starts_with('#')) {
-        std::size_t index = 0;
-        const auto [end, error] = std::from_chars(name.data() + 1, name.data() + name.size(), index);
-        if (error == std::errc() && end == name.data() + name.size() && index < rows->size())
-            found = (*rows)[index];
+        const auto index = numberFromText<std::size_t>(std::string_view(name).substr(1));
+        if (index && *index < rows->size()) found = (*rows)[*index];
         if (found && found->cellType() == PSCellType::group) found = nullptr;
     } else if (!name.empty()) { // rows without an identifier have an empty one
         const auto match = std::ranges::find_if(*rows, [&](const auto& row) {

@@ -4,7 +4,7 @@
 #include "platform/social/SLComposeViewController.h"
 #include "platform/swatchkit/ColorText.h"
 #include "platform/swatchkit/SWColorAlert.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/views/UIAlertView.h"
 

@@ -11,7 +11,7 @@
 #include "kit/FBWelcomeTwitterHandler.h"
 #include "prefs/SettingsFile.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/UIApplication.h"
 
 #include <cmath>

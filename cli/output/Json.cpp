@@ -3,9 +3,10 @@
 #include "cli/output/Printable.h"
 #include "cli/pages/RowValue.h"
 
+#include "platform/foundation/Date.h"
 #include "platform/foundation/Overloaded.h"
 #include "platform/swatchkit/ColorText.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/graphics/UIImage.h"
 
 namespace prismo::cli {

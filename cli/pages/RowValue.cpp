@@ -8,12 +8,12 @@
 
 #include "platform/swatchkit/ColorText.h"
 #include "platform/swatchkit/SWColorAlert.h"
+#include "platform/text/Number.h"
 #include "platform/text/Text.h"
 #include "platform/uikit/UIApplication.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace prismo::cli {
 
@@ -131,10 +131,7 @@ std::string valueText(const Value& value) {
     if (const auto* flag = value.as<bool>()) return *flag ? "true" : "false";
     if (const auto* integer = value.as<std::int64_t>()) return std::to_string(*integer);
     if (const auto* large = value.as<std::uint64_t>()) return std::to_string(*large);
-    if (const auto* real = value.as<double>()) {
-        std::array<char, 32> digits{};
-        return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), *real).ptr};
-    }
+    if (const auto* real = value.as<double>()) return shortestText(*real);
     return value.text();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Date.h"
+
 #include <compare>
 #include <concepts>
 #include <cstdint>
@@ -21,12 +23,6 @@ using Array = std::vector<Value>;
 /// Keys in byte order, which is also the order in which files are written.
 using Dictionary = std::map<std::string, Value, std::less<>>;
 using Data = std::vector<std::uint8_t>;
-
-/// A moment, in seconds since 2001-01-01T00:00:00Z, the reference date of property lists.
-struct Date {
-    double secondsSinceReference = 0;
-    auto operator<=>(const Date&) const = default;
-};
 
 /// A keyed archive's reference. This system never makes one; it keeps those that it finds.
 struct Uid {

@@ -1,12 +1,11 @@
 #include "platform/plist/PropertyListWriter.h"
 
+#include "platform/foundation/Date.h"
 #include "platform/foundation/Overloaded.h"
 #include "platform/plist/PropertyListGuard.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/text/Utf8.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -17,10 +16,7 @@ namespace {
 std::string realText(double number) {
     if (std::isnan(number)) return "nan";
     if (std::isinf(number)) return number < 0 ? "-infinity" : "+infinity";
-    std::array<char, 32> buffer{};
-    // The shortest text that reads back as the same number.
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-    return {buffer.data(), end};
+    return shortestText(number);
 }
 
 std::string_view replacement(char c) {

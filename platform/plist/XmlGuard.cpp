@@ -1,5 +1,6 @@
 #include "platform/plist/KeyCosts.h"
 #include "platform/plist/PropertyListGuard.h"
+#include "platform/text/Number.h"
 
 #include <algorithm>
 #include <array>
@@ -40,10 +41,9 @@ bool isInteger(std::string_view text) {
         digits.remove_prefix(2);
     else if (digits.size() > 1 && digits.front() == '0')
         return false; // to the library this is octal
-    std::uint64_t value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
+    const auto value = numberFromText<std::uint64_t>(digits, base);
     constexpr std::uint64_t lowest = std::uint64_t{1} << 63;
-    return error == std::errc{} && end == digits.data() + digits.size() && (!negative || value <= lowest);
+    return value && (!negative || *value <= lowest);
 }
 
 bool isReal(std::string_view text) {
@@ -55,11 +55,7 @@ bool isReal(std::string_view text) {
     return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
-int number(std::string_view digits) {
-    int value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return value;
-}
+int number(std::string_view digits) { return numberFromText<int>(digits).value_or(0); }
 
 bool isDate(std::string_view text) {
     const bool hasForm =

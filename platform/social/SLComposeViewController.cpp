@@ -1,6 +1,6 @@
 #include "platform/social/SLComposeViewController.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Link.h"
 #include "platform/uikit/UIApplication.h"
 
 #include <array>

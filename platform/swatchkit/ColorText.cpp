@@ -1,8 +1,7 @@
 #include "platform/swatchkit/ColorText.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 
@@ -11,13 +10,8 @@ namespace prismo {
 namespace {
 
 std::optional<double> alphaFromText(std::string_view text) {
-    double alpha = 0;
-    // Not the C library's reading, which takes a comma for the point in some locales.
-    const auto [end, error] =
-        std::from_chars(text.data(), text.data() + text.size(), alpha, std::chars_format::fixed);
-    if (error != std::errc() || end != text.data() + text.size() || text.front() == '-' || !(alpha <= 1))
-        return std::nullopt;
-    return alpha;
+    const auto alpha = numberFromText<double>(text, std::chars_format::fixed);
+    return alpha && text.front() != '-' && *alpha <= 1 ? alpha : std::nullopt;
 }
 
 } // namespace
@@ -31,13 +25,12 @@ std::optional<UIColor> colorFromText(std::string_view text) {
     if (text.starts_with('#')) text.remove_prefix(1);
     if (!alpha || (text.size() != 3 && text.size() != 6)) return std::nullopt;
 
-    std::uint32_t digits = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), digits, 16);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    const auto digits = numberFromText<std::uint32_t>(text, 16);
+    if (!digits) return std::nullopt;
     const bool isShort = text.size() == 3;
     const auto component = [&](unsigned place) {
         // One digit stands for itself twice: "f" is "ff".
-        return isShort ? (digits >> (4 * place) & 0xF) / 15.0 : (digits >> (8 * place) & 0xFF) / 255.0;
+        return isShort ? (*digits >> (4 * place) & 0xF) / 15.0 : (*digits >> (8 * place) & 0xFF) / 255.0;
     };
     return UIColor{component(2), component(1), component(0), *alpha};
 }

@@ -11,6 +11,7 @@ namespace {
 // The kernel takes no argument of more than 131,072 bytes; every real link is far shorter.
 constexpr std::size_t longest = 65'536;
 
+// Not the C library's classes of characters, which go by the locale.
 constexpr std::string_view lower = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view digits = "0123456789";
@@ -22,10 +23,10 @@ bool isLetter(char c) { return isOneOf(lower, c) || isOneOf(upper, c); }
 
 bool isSchemeCharacter(char c) { return isLetter(c) || isOneOf(digits, c) || isOneOf("+-.", c); }
 
+bool isUnreserved(char c) { return isLetter(c) || isOneOf(digits, c) || isOneOf("-._~", c); }
+
 /// The characters of RFC 3986, reserved and unreserved.
-bool isLinkCharacter(char c) {
-    return isLetter(c) || isOneOf(digits, c) || isOneOf("-._~:/?#[]@!$&'()*+,;=%", c);
-}
+bool isLinkCharacter(char c) { return isUnreserved(c) || isOneOf(":/?#[]@!$&'()*+,;=%", c); }
 
 bool escapesAreWhole(std::string_view text) {
     for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1)) {
@@ -46,6 +47,19 @@ std::optional<std::string> linkScheme(std::string_view url) {
         !std::ranges::all_of(url, isLinkCharacter) || !escapesAreWhole(url))
         return {};
     return lowercased(scheme);
+}
+
+std::string percentEncoded(std::string_view text) {
+    constexpr std::string_view hexDigits = "0123456789ABCDEF";
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (isUnreserved(c))
+            result += c;
+        else
+            ((result += '%') += hexDigits[byte / 16]) += hexDigits[byte % 16];
+    }
+    return result;
 }
 
 } // namespace prismo

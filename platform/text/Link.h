@@ -10,4 +10,7 @@ namespace prismo {
 /// no scheme, holds characters that a link has to escape, or is longer than 65,536 bytes.
 std::optional<std::string> linkScheme(std::string_view url);
 
+/// As a part of a link (RFC 3986): all bytes but ASCII letters, digits and "-._~" as "%XX".
+std::string percentEncoded(std::string_view text);
+
 } // namespace prismo

@@ -7,7 +7,7 @@
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/swatchkit/ColorText.h"
 #include "platform/swatchkit/SWColorAlert.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
 namespace prismo {
 

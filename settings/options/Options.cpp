@@ -1,6 +1,6 @@
 #include "settings/options/Options.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
 namespace prismo::settings {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/memory/MemoryDevice.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/UIApplication.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "tests/support/RowText.h"
 
 #include "platform/foundation/Overloaded.h"
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 #include "platform/uikit/graphics/UIImage.h"
 
 #include <stdexcept>

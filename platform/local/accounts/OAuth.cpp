@@ -1,10 +1,10 @@
 #include "platform/local/accounts/OAuth.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Link.h"
+#include "platform/text/Number.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <ctime>
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
@@ -17,11 +17,11 @@ namespace {
 std::string formUnescaped(std::string_view text) {
     std::string result;
     while (!text.empty()) {
-        unsigned char byte = 0;
-        const auto* start = text.data() + 1;
-        if (text.size() >= 3 && text.front() == '%' &&
-            std::from_chars(start, start + 2, byte, 16).ptr == start + 2) {
-            result += static_cast<char>(byte);
+        const auto byte = text.size() >= 3 && text.front() == '%'
+                              ? numberFromText<unsigned char>(text.substr(1, 2), 16)
+                              : std::nullopt;
+        if (byte) {
+            result += static_cast<char>(*byte);
             text.remove_prefix(3);
         } else {
             result += text.front() == '+' ? ' ' : text.front();

@@ -1,6 +1,6 @@
 #include "platform/swatchkit/ColorText.h"
 
-#include "platform/text/Text.h"
+#include "platform/text/Number.h"
 
 #include <clocale>
 #include <cmath>

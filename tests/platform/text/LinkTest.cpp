@@ -34,5 +34,10 @@ TEST(LinkTest, LinkHasAtMost65536Bytes) {
     EXPECT_EQ(linkScheme("a:" + std::string(65'535, 'b')), std::nullopt);
 }
 
+TEST(LinkTest, LinksKeepUnreservedBytesOnly) {
+    EXPECT_EQ(percentEncoded("Az09-._~"), "Az09-._~");
+    EXPECT_EQ(percentEncoded(" +!*'()/ü\n"), "%20%2B%21%2A%27%28%29%2F%C3%BC%0A");
+}
+
 } // namespace
 } // namespace prismo
