@@ -3,7 +3,7 @@
 # module, whose classes come with the bundle, and stands one level below the top of the build tree, from where the base
 # layer is found.
 function(prismo_bundle_host program)
-    set(frameworks prismo-text prismo-foundation prismo-uikit prismo-preferences prismo-applist prismo-swatchkit prismo-social)
+    set(frameworks prismo-text prismo-png prismo-foundation prismo-uikit prismo-preferences prismo-applist prismo-swatchkit prismo-social)
     target_link_libraries(${program} PRIVATE ${frameworks})
     # As options, since those come first: what other libraries need of the frameworks is there already, and is not taken
     # from them once more.

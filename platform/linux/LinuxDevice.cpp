@@ -30,7 +30,9 @@ LinuxDevice::LinuxDevice(const std::string& rootPath, const MakeDriver& makeDriv
       notify_([this] { return openNotifyDirectory(); }), driver_(makeDriver()),
       desktop_([this](const std::string& path, const std::string& cause) { reportLibrary(path, cause); }),
       sender_([this](const std::string& path, const std::string& cause) { reportLibrary(path, cause); }),
-      accounts_(root_, [this] { return sender_.service(); }) {}
+      accounts_(AccountFile([this](int flags) { return root_.open(AccountFile::path, flags); },
+                            root_.hostPath(AccountFile::path)),
+                [this] { return sender_.service(); }) {}
 
 void LinuxDevice::observe(const std::string& name) {
     reportNotify(FileProblem::Kind::unreadable, notify_.observe(name));

@@ -2,15 +2,14 @@
 
 #include "platform/applist/NameOrder.h"
 #include "platform/linux/LinuxDevice.h"
+#include "platform/local/descriptors/DirectoryNames.h"
 #include "platform/local/installation/BaseLayer.h"
 #include "platform/local/installation/PreferenceBundle.h"
 #include "platform/plist/PropertyListReader.h"
 
 #include <algorithm>
-#include <dirent.h>
 #include <fcntl.h>
 #include <map>
-#include <memory>
 #include <optional>
 #include <system_error>
 
@@ -21,16 +20,12 @@ namespace {
 constexpr const char* entryDirectory = "/Library/PreferenceLoader/Preferences";
 
 std::vector<std::string> entryFiles(const DeviceRoot& root) {
-    auto descriptor = root.open(entryDirectory, O_RDONLY | O_DIRECTORY);
-    if (!descriptor) return {};
-    const std::unique_ptr<DIR, int (*)(DIR*)> directory(::fdopendir(descriptor.get()), ::closedir);
-    if (!directory) return {};
-    descriptor.release();
     std::vector<std::string> names;
-    while (const auto* entry = ::readdir(directory.get())) {
-        const std::string name = entry->d_name;
+    const auto directory = root.open(entryDirectory, O_RDONLY | O_DIRECTORY);
+    if (!directory) return names;
+    forEachName(directory.get(), [&](const std::string& name) {
         if (!name.starts_with('.') && name.ends_with(".plist")) names.push_back(name);
-    }
+    });
     return names;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/applications/InstalledApplications.h"
 
+#include "platform/local/descriptors/DirectoryNames.h"
 #include "platform/local/descriptors/FileBytes.h"
 #include "platform/plist/PropertyListGuard.h"
 #include "platform/plist/PropertyListReader.h"
@@ -10,10 +11,10 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <dirent.h>
 #include <fcntl.h>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -56,7 +57,7 @@ class Directory {
     }
 
     UniqueFd openRegular(const std::string& name, struct stat& status) const {
-        auto file = open(name, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+        auto file = open(name, O_RDONLY | atOnce);
         if (file && (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))) file.reset();
         return file;
     }
@@ -70,16 +71,9 @@ class Directory {
     /// In byte order, without those that begin with a dot.
     std::vector<std::string> names() const {
         std::vector<std::string> result;
-        alignas(dirent64) std::array<char, 8192> entries{};
-        for (;;) {
-            const auto size = ::getdents64(descriptor_.get(), entries.data(), entries.size());
-            if (size <= 0) break;
-            for (ssize_t at = 0; at < size;) {
-                const auto* entry = reinterpret_cast<const dirent64*>(entries.data() + at);
-                if (entry->d_name[0] != '.') result.emplace_back(entry->d_name);
-                at += entry->d_reclen;
-            }
-        }
+        forEachName(descriptor_.get(), [&](const char* name) {
+            if (*name != '.') result.emplace_back(name);
+        });
         std::ranges::sort(result);
         return result;
     }
@@ -99,17 +93,10 @@ class Directory {
 std::uint32_t imageWidth(const Directory& directory, const std::string& name) {
     struct stat status {};
     const auto file = directory.openRegular(name, status);
-    std::array<char, 64> start{};
+    std::array<std::uint8_t, 64> start{};
     const auto size = file ? ::read(file.get(), start.data(), start.size()) : 0;
-    const std::string_view bytes(start.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    if (!bytes.starts_with(pngSignature)) return 0;
-    // The phone's own variant of the format has a chunk before the header.
-    const auto header = bytes.find("IHDR");
-    if (header == std::string_view::npos || bytes.size() < header + 8) return 0;
-    std::uint32_t width = 0;
-    for (const char c : bytes.substr(header + 4, 4))
-        width = width << 8 | static_cast<unsigned char>(c);
-    return width;
+    const auto pixels = pngSize(std::span(start).first(size > 0 ? static_cast<std::size_t>(size) : 0));
+    return pixels ? pixels->width : 0;
 }
 
 void addTexts(std::vector<std::string>& list, const Value& value) {

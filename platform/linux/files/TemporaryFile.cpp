@@ -1,12 +1,13 @@
 #include "platform/linux/files/TemporaryFile.h"
 
+#include "platform/local/descriptors/DirectoryNames.h"
+#include "platform/local/descriptors/FileBytes.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/random.h>
@@ -33,10 +34,6 @@ bool isName(std::string_view name) {
     return name.size() == prefix.size() + tokenLength + suffix.size() && name.starts_with(prefix) &&
            name.ends_with(suffix);
 }
-
-struct CloseDirectory {
-    void operator()(DIR* directory) const { ::closedir(directory); }
-};
 
 } // namespace
 
@@ -70,16 +67,13 @@ bool TemporaryFile::replace(const std::string& name) {
 }
 
 void TemporaryFile::removeAbandoned(int directory) {
-    UniqueFd opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const std::unique_ptr<DIR, CloseDirectory> list(opened ? ::fdopendir(opened.get()) : nullptr);
-    if (!list) return;
-    opened.release();
-    while (const dirent* entry = ::readdir(list.get())) {
-        if (!isName(entry->d_name)) continue;
-        const UniqueFd file(
-            ::openat(directory, entry->d_name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-        if (file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) ::unlinkat(directory, entry->d_name, 0);
-    }
+    const UniqueFd opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened) return;
+    forEachName(opened.get(), [&](const char* name) {
+        if (!isName(name)) return;
+        const UniqueFd file(::openat(directory, name, O_RDONLY | O_NOFOLLOW | O_CLOEXEC | atOnce));
+        if (file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) ::unlinkat(directory, name, 0);
+    });
 }
 
 } // namespace prismo

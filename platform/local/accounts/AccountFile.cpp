@@ -47,11 +47,11 @@ std::optional<AccountFile::Entry> entry(const Value& value) {
 
 std::optional<AccountFile::Entries> AccountFile::read(std::optional<FileProblem>* problem) const {
     const auto refuse = [&](FileProblem::Kind kind, std::string cause) -> std::optional<Entries> {
-        if (problem) *problem = FileProblem{kind, root_.hostPath(path), std::move(cause)};
+        if (problem) *problem = FileProblem{kind, hostPath_, std::move(cause)};
         return {};
     };
     // Does not wait where somebody has put a pipe in its place.
-    const auto file = root_.open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    const auto file = open_(O_RDONLY | atOnce);
     if (!file && (errno == ENOENT || errno == ENOTDIR)) return {};
     if (!file) return refuse(FileProblem::Kind::unreadable, std::strerror(errno));
     if (const auto cause = objection(file.get()); !cause.empty())

@@ -1,16 +1,18 @@
 #pragma once
 
 #include "platform/foundation/Device.h"
-#include "platform/linux/files/DeviceRoot.h"
 #include "platform/local/accounts/RequestSender.h"
+#include "platform/local/descriptors/UniqueFd.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace prismo {
 
-/// The file of the person's accounts and their secrets, in the device root.
+/// The file of the person's accounts and their secrets, on the device.
 ///
 /// A property list: {"accounts": [{"identifier", "username", "consumerKey", "consumerSecret", "token",
 /// "tokenSecret"}, …]}, all texts. It is believed only where it is a regular file of this user or of root
@@ -25,8 +27,11 @@ class AccountFile {
     };
     using Entries = std::vector<Entry>;
 
-    /// `root` outlives it.
-    explicit AccountFile(const DeviceRoot& root) : root_(root) {}
+    /// Opens the file at `path` of the device with these flags; where that fails, errno is set. Callable from
+    /// every thread.
+    using Open = std::function<UniqueFd(int flags)>;
+    /// `hostPath`: how a problem names the file.
+    AccountFile(Open open, std::string hostPath) : open_(std::move(open)), hostPath_(std::move(hostPath)) {}
 
     /// The accounts in the file's order, without those that lack something. Nothing where the file is
     /// missing, is not believed or holds no list of accounts; all but the first are a problem, put into
@@ -34,7 +39,8 @@ class AccountFile {
     std::optional<Entries> read(std::optional<FileProblem>* problem = nullptr) const;
 
   private:
-    const DeviceRoot& root_;
+    Open open_;
+    std::string hostPath_;
 };
 
 } // namespace prismo

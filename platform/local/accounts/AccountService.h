@@ -19,8 +19,8 @@ class AccountService {
     /// What sends requests, or null; asked for when there is one to send, on that one's thread.
     using Sender = std::function<RequestSender*()>;
 
-    /// `root`, and what `sender` returns, outlive it.
-    AccountService(const DeviceRoot& root, Sender sender) : file_(root), sender_(std::move(sender)) {}
+    /// What `sender` returns outlives it.
+    AccountService(AccountFile file, Sender sender) : file_(std::move(file)), sender_(std::move(sender)) {}
     AccountService(const AccountService&) = delete;
     AccountService& operator=(const AccountService&) = delete;
 

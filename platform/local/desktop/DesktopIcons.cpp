@@ -30,7 +30,7 @@ std::optional<Data> DesktopIcons::read(const std::string& path) const {
     const auto found = files_.find(path);
     if (found == files_.end()) return {};
     // Another file may have taken its place, one that would make the reader wait.
-    const UniqueFd file(::open(found->second.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const UniqueFd file(::open(found->second.c_str(), O_RDONLY | O_CLOEXEC | atOnce));
     struct stat status {};
     if (!file || ::fstat(file.get(), &status) != 0 || !notRegular(status).empty()) return {};
     return readAll(file.get(), largestIcon);

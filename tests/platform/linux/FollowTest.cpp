@@ -29,7 +29,7 @@ class LoopbackDevice : public LinuxDevice {
   public:
     LoopbackDevice(const DeviceRoot& root, const SigningServer& server)
         : LinuxDevice(root.hostPath("/")), sender_(server.options()),
-          service_(this->root(), [this] { return &sender_; }) {}
+          service_(accountFile(this->root()), [this] { return &sender_; }) {}
 
   protected:
     void send(const AccountRequest& request, std::function<void(int status)> completion) override {

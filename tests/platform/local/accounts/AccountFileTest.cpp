@@ -11,7 +11,7 @@ class AccountFileTest : public testing::Test, public AccountWorld {
   protected:
     std::optional<AccountFile::Entries> read() {
         problem.reset();
-        return AccountFile(root()).read(&problem);
+        return accountFile(root()).read(&problem);
     }
     void expectRefusal(FileProblem::Kind kind, const std::string& cause) {
         EXPECT_FALSE(read());

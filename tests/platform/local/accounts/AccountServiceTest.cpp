@@ -16,7 +16,7 @@ namespace {
 
 class AccountServiceTest : public testing::Test, public AccountWorld {
   protected:
-    AccountService service{root(), [] { return nullptr; }};
+    AccountService service{accountFile(root()), [] { return nullptr; }};
     Answer<bool> granted;
     Answer<int> status;
 };
@@ -65,7 +65,7 @@ TEST_F(AccountServiceTest, AnswerComesOnAThreadOfItsOwn) {
 }
 
 TEST_F(AccountServiceTest, EndWaitsForTheAnswer) {
-    std::optional<AccountService> ending(std::in_place, root(), [] { return nullptr; });
+    std::optional<AccountService> ending(std::in_place, accountFile(root()), [] { return nullptr; });
     ending->requestAccess(granted.completion());
     ending.reset();
     EXPECT_TRUE(granted.isThere());
@@ -80,7 +80,7 @@ TEST_F(AccountServiceTest, AnswerThatFindsNoDeviceHarmsNobody) {
 TEST_F(AccountServiceTest, OtherMistakesOfAnAnswerAreNotPassedOver) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto answer = [&] {
-        AccountService(root(), [] { return nullptr; }).requestAccess([&](bool) {
+        AccountService(accountFile(root()), [] { return nullptr; }).requestAccess([&](bool) {
             // The process that ends here has a directory of its own, and leaves it otherwise.
             std::filesystem::remove_all(directory());
             throw std::logic_error("a mistake");
@@ -125,7 +125,7 @@ TEST_F(AccountServiceTest, RequestWithoutASenderIsNotAnswered) {
 TEST_F(AccountServiceTest, RequestIsSignedForItsAccount) {
     SigningServer server;
     CurlRequestSender sender(server.options());
-    const AccountService sending(root(), [&] { return &sender; });
+    const AccountService sending(accountFile(root()), [&] { return &sender; });
     writeAccounts(entry("1", "amy") + entry("2", "zoe", SigningServer::secrets()));
     sending.send(follow({"2", "zoe"}), status.completion());
     EXPECT_EQ(status.get(), 200);
@@ -136,7 +136,7 @@ TEST_F(AccountServiceTest, RequestIsSignedForItsAccount) {
 
 TEST_F(AccountServiceTest, RequestOfAnUnknownAccountIsNotSent) {
     bool asked = false;
-    const AccountService sending(root(), [&] {
+    const AccountService sending(accountFile(root()), [&] {
         asked = true;
         return nullptr;
     });
@@ -149,7 +149,7 @@ TEST_F(AccountServiceTest, RequestOfAnUnknownAccountIsNotSent) {
 TEST_F(AccountServiceTest, FollowingGoesOnFromTheAnswersThread) {
     SigningServer server;
     CurlRequestSender sender(server.options());
-    AccountService sending(root(), [&] { return &sender; });
+    AccountService sending(accountFile(root()), [&] { return &sender; });
     writeAccounts(entry("1", "zoe", SigningServer::secrets()));
     sending.requestAccess([&](bool) {
         const auto accounts = sending.accounts();

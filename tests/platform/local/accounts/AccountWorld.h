@@ -11,6 +11,11 @@
 
 namespace prismo {
 
+inline AccountFile accountFile(const DeviceRoot& root) {
+    return {[&root](int flags) { return root.open(AccountFile::path, flags); },
+            root.hostPath(AccountFile::path)};
+}
+
 /// A device root whose account file a test writes.
 class AccountWorld {
   public:

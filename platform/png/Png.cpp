@@ -1,0 +1,34 @@
+#include "platform/png/Png.h"
+
+#include <algorithm>
+
+namespace prismo {
+
+namespace {
+
+constexpr std::string_view headerName = "IHDR";
+
+std::uint32_t bigEndian(std::span<const std::uint8_t> bytes) {
+    std::uint32_t result = 0;
+    for (const auto byte : bytes)
+        result = result << 8 | byte;
+    return result;
+}
+
+} // namespace
+
+std::optional<PngSize> pngSize(std::span<const std::uint8_t> start) {
+    constexpr std::size_t enough = 64;
+    start = start.first(std::min(start.size(), enough));
+    const auto isSame = [](std::uint8_t byte, char c) { return byte == static_cast<std::uint8_t>(c); };
+    const auto signature = start.first(std::min(start.size(), pngSignature.size()));
+    if (!std::ranges::equal(signature, pngSignature, isSame)) return {};
+    // The header is named, and then come its width and height. The phone's own variant of the format has a
+    // chunk before it.
+    const auto header = std::ranges::search(start, headerName, isSame);
+    const std::span<const std::uint8_t> sizes(header.end(), start.end());
+    if (header.empty() || sizes.size() < 8) return {};
+    return PngSize{bigEndian(sizes.first(4)), bigEndian(sizes.subspan(4, 4))};
+}
+
+} // namespace prismo
