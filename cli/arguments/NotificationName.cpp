@@ -1,6 +1,8 @@
 #include "cli/arguments/NotificationName.h"
 
-#include "cli/commands/Command.h"
+#include "cli/output/CommandError.h"
+
+#include "platform/foundation/Device.h"
 
 namespace prismo::cli {
 

@@ -1,5 +1,4 @@
-#include "cli/commands/Command.h"
-#include "cli/output/Json.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/pages/RowValue.h"
 
 #include "platform/swatchkit/ColorText.h"
@@ -7,6 +6,7 @@
 #include "platform/text/Number.h"
 #include "platform/uikit/UIApplication.h"
 
+#include <nlohmann/json.hpp>
 #include <optional>
 
 namespace prismo::cli {

@@ -1,4 +1,4 @@
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/drive/DriveSession.h"
 #include "cli/drive/ScriptLine.h"
 #include "cli/output/Json.h"

@@ -1,5 +1,6 @@
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/output/Json.h"
+#include "cli/output/ValueText.h"
 #include "cli/pages/RowValue.h"
 
 namespace prismo::cli {

@@ -1,4 +1,4 @@
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 
 #include <cstring>
 #include <nlohmann/json.hpp>

@@ -1,5 +1,5 @@
 #include "cli/arguments/NotificationName.h"
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,5 +1,5 @@
-#include "cli/commands/Command.h"
-#include "cli/output/Json.h"
+#include "cli/commands/CommandTable.h"
+#include "cli/pages/PageJson.h"
 #include "cli/pages/PageText.h"
 
 namespace prismo::cli {

@@ -1,9 +1,9 @@
 #include "cli/arguments/NotificationName.h"
 #include "cli/arguments/WatchLimits.h"
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/output/Json.h"
 #include "cli/output/Printable.h"
-#include "cli/pages/RowValue.h"
+#include "cli/output/ValueText.h"
 #include "prefs/PHPrefsManager.h"
 
 #include "platform/text/Number.h"

@@ -1,4 +1,4 @@
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/output/Json.h"
 #include "cli/pages/RowValue.h"
 

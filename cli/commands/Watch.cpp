@@ -1,6 +1,6 @@
 #include "cli/arguments/NotificationName.h"
 #include "cli/arguments/WatchLimits.h"
-#include "cli/commands/Command.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/output/Printable.h"
 #include "prefs/SettingsFile.h"
 

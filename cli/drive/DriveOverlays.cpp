@@ -1,7 +1,7 @@
 // The lines of `drive` that are about what comes over a page.
 
-#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
+#include "cli/output/CommandError.h"
 #include "cli/pages/RowValue.h"
 
 #include "platform/social/SLComposeViewController.h"

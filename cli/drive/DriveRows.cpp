@@ -1,8 +1,8 @@
 // The lines of `drive` that are about rows and pages.
 
-#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
-#include "cli/output/Json.h"
+#include "cli/output/CommandError.h"
+#include "cli/pages/PageJson.h"
 #include "cli/pages/RowValue.h"
 
 #include "platform/applist/ALApplicationTableDataSource.h"

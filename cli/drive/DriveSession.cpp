@@ -1,6 +1,6 @@
 #include "cli/drive/DriveSession.h"
 
-#include "cli/commands/Command.h"
+#include "cli/output/CommandError.h"
 
 #include "platform/text/Number.h"
 

@@ -1,8 +1,8 @@
 // The lines of `drive` that are about the device around the module, and about the kit.
 
 #include "cli/arguments/NotificationName.h"
-#include "cli/commands/Command.h"
 #include "cli/drive/DriveSession.h"
+#include "cli/output/CommandError.h"
 #include "cli/output/Json.h"
 #include "cli/pages/RowValue.h"
 #include "kit/FBKillProcess.h"

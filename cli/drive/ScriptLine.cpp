@@ -1,6 +1,6 @@
 #include "cli/drive/ScriptLine.h"
 
-#include "cli/commands/Command.h"
+#include "cli/output/CommandError.h"
 
 #include <optional>
 

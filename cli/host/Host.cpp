@@ -1,6 +1,6 @@
 #include "cli/host/Host.h"
 
-#include "cli/commands/Command.h"
+#include "cli/output/CommandError.h"
 #include "cli/output/Json.h"
 #include "cli/output/Printable.h"
 #include "platform/linux/files/DeviceRootPath.h"

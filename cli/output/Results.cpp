@@ -1,6 +1,6 @@
 #include "cli/output/Results.h"
 
-#include "cli/commands/Command.h"
+#include "cli/output/CommandError.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <cerrno>

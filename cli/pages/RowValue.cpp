@@ -1,14 +1,12 @@
 #include "cli/pages/RowValue.h"
 
-#include "cli/commands/Command.h"
-#include "cli/output/Json.h"
-#include "cli/output/Printable.h"
+#include "cli/output/CommandError.h"
+#include "cli/output/ValueText.h"
 #include "prefs/SettingsFile.h"
 #include "screens/root/PrismoColorCell.h"
 
 #include "platform/swatchkit/ColorText.h"
 #include "platform/swatchkit/SWColorAlert.h"
-#include "platform/text/Number.h"
 #include "platform/text/Text.h"
 #include "platform/uikit/UIApplication.h"
 
@@ -125,18 +123,6 @@ void writeThroughRow(PSSpecifier& row, const std::string& text) {
         row.performSetterWithValue(switchValue(lowercased(text)));
     else
         row.performSetterWithValue(choiceFromText(row.titleDictionary(), text));
-}
-
-std::string valueText(const Value& value) {
-    if (const auto* flag = value.as<bool>()) return *flag ? "true" : "false";
-    if (const auto* integer = value.as<std::int64_t>()) return std::to_string(*integer);
-    if (const auto* large = value.as<std::uint64_t>()) return std::to_string(*large);
-    if (const auto* real = value.as<double>()) return shortestText(*real);
-    return value.text();
-}
-
-std::string shownText(const Value& value) {
-    return printable(value.as<std::string>() || value.isNumber() ? valueText(value) : jsonText(json(value)));
 }
 
 } // namespace prismo::cli

@@ -45,9 +45,4 @@ UIColor colorArgument(const std::string& text);
 /// Opens a colour row's picker and accepts that colour in it, alpha included.
 void pickColor(PSSpecifier& row, const UIColor& color);
 
-/// "true", "false", a number or a text as it is; "" for every other kind.
-std::string valueText(const Value& value);
-/// The same for a terminal; a value of every other kind as JSON.
-std::string shownText(const Value& value);
-
 } // namespace prismo::cli
