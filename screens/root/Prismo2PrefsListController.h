@@ -13,6 +13,11 @@ namespace prismo {
 
 /// The module's root page. It edits the system-wide settings or, in application scope, those of the chosen
 /// application. The scope is the page's own and is never stored: a new page is in system scope.
+///
+/// The source of that name has the table of its methods and the life of the page. The others are named after
+/// the class too: …Rows.cpp has the rows in order, …ColorGroup.cpp the three rows of an element,
+/// …Settings.cpp which key a row reads and writes in which scope, …ColorPicking.cpp the way from a tap on a
+/// color row to the stored color, and …Maintenance.cpp what the page does beside editing settings.
 class Prismo2PrefsListController : public PSListController {
   public:
     static const Class& classObject();
