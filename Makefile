@@ -1,12 +1,12 @@
-# The front door. Each target installs what it needs first (scripts/install-packages) and is safe to repeat.
+# The entry points. Each target first installs the packages it needs (scripts/install-packages) and is safe to repeat.
 
 help:
-	@echo 'make run     build Prismo 2 and open the settings of the default device'
-	@echo 'make test    build and run all tests; the last line counts them'
-	@echo 'make bench   measure, against comparable tools'
-	@echo 'make check   layout, static checks, the floors, and the tests under sanitizers'
-	@echo 'make screenshots  the pictures in the documents, anew'
-	@echo 'make clean   remove everything that was built'
+	@echo 'make run          build Prismo 2 and open the settings of the default device'
+	@echo 'make test         build and run all tests; the last line counts them'
+	@echo 'make bench        measure the speed and compare it with similar tools'
+	@echo 'make check        check style, folder rules and static analysis, and run the tests under sanitizers'
+	@echo 'make screenshots  renew the pictures in the documents'
+	@echo 'make clean        remove everything that was built'
 
 run:
 	@scripts/install-packages build run

@@ -1,12 +1,12 @@
-# prismo_bundle_host(PROGRAM): makes it a program that can load settings bundles. They bring no framework classes of
-# their own, so it holds all of them, used by itself or not, and exports them to what it loads. It must not link the
-# module, whose classes come with the bundle, and stands one level below the top of the build tree, from where the base
-# layer is found.
+# prismo_bundle_host(PROGRAM): lets PROGRAM load settings bundles. A bundle contains no framework classes, so the program
+# contains all of them, even those it does not use, and exports them to the bundle. The program must not link the module,
+# because those classes come with the bundle. It must be one level below the top of the build tree, so that it finds the
+# base layer.
 function(prismo_bundle_host program)
     set(frameworks prismo-text prismo-png prismo-foundation prismo-uikit prismo-preferences prismo-applist prismo-swatchkit
         prismo-social)
-    # By their files, and before the targets: what these and other libraries need of the frameworks is there already, and
-    # is not taken from them once more.
+    # Named by file and before the targets, so that every symbol is already there when the linker gets to the libraries
+    # that need it, and nothing is linked twice.
     list(TRANSFORM frameworks REPLACE "(.+)" "$<TARGET_FILE:\\1>" OUTPUT_VARIABLE archives)
     target_link_libraries(${program} PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${archives}>" ${frameworks})
     set_target_properties(${program} PROPERTIES ENABLE_EXPORTS ON)

@@ -1,4 +1,4 @@
-# What every target of the tree is compiled with.
+# How every target is compiled.
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -15,21 +15,21 @@ target_compile_features(prismo-options INTERFACE cxx_std_20)
 target_include_directories(prismo-options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(prismo-options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-    # GCC 12 takes the joining of a literal and a string for an overlapping copy.
+    # GCC 12 mistakes the concatenation of a literal and a string for an overlapping copy.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
-# Every library may end up in the settings bundle, which is a shared object.
+# Any library may become part of the settings bundle, which is a shared object.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 set(PRISMO_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them (address,undefined or thread)")
 if(PRISMO_SANITIZE)
     target_compile_options(prismo-options INTERFACE
         -fsanitize=${PRISMO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
-        # The code that the sanitizers put in makes this warning see paths that are not there.
+        # The instrumentation makes this warning report paths that do not exist.
         -Wno-maybe-uninitialized)
     target_link_options(prismo-options INTERFACE -fsanitize=${PRISMO_SANITIZE})
 endif()
 if(CMAKE_UNITY_BUILD)
-    # Of sources that are compiled as one these say what is no fault when each is compiled by itself, as it is elsewhere.
+    # False alarms if several sources are compiled as one. Other presets compile each source alone, with these warnings on.
     target_compile_options(prismo-options INTERFACE -Wno-shadow -Wno-subobject-linkage)
 endif()

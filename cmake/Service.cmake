@@ -1,14 +1,14 @@
-# Services are parts of the Linux device that need large libraries. Each is a shared object that a program opens when it
-# first needs it, so that the programs themselves do not link those libraries.
+# A service is a part of the Linux device that needs large libraries. It is a shared object that a program opens on first
+# use, so the programs themselves do not link those libraries.
 
 include(GNUInstallDirs)
 
-# From a program's directory to that of the services. It is the same for the installed programs and for those that stand
-# one level below the top of the build tree, so neither holds an absolute path and both can be moved.
+# The services' directory relative to a program's directory. It is the same for installed programs and for programs that
+# are one level below the top of the build tree. No program holds an absolute path, so an installation can be moved.
 file(RELATIVE_PATH PRISMO_SERVICES "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}/prismo2")
 cmake_path(SET PRISMO_BUILT_SERVICES NORMALIZE "${PROJECT_BINARY_DIR}/bin/${PRISMO_SERVICES}")
 
-# prismo_service(NAME SOURCE…): libprismo2-NAME.so, which exports what its sources mark and nothing else.
+# prismo_service(NAME SOURCE…): builds libprismo2-NAME.so, which exports only what its sources mark as exported.
 function(prismo_service name)
     add_library(prismo2-${name} MODULE ${ARGN})
     target_link_libraries(prismo2-${name} PRIVATE prismo-options)
