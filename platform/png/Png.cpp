@@ -25,9 +25,10 @@ std::optional<PngSize> pngSize(std::span<const std::uint8_t> start) {
     if (!std::ranges::equal(signature, pngSignature, isSame)) return {};
     // The header is named, and then come its width and height. The phone's own variant of the format has a
     // chunk before it.
-    const auto header = std::ranges::search(start, headerName, isSame);
-    const std::span<const std::uint8_t> sizes(header.end(), start.end());
-    if (header.empty() || sizes.size() < 8) return {};
+    const auto header = std::search(start.begin(), start.end(), headerName.begin(), headerName.end(), isSame);
+    if (header == start.end()) return {};
+    const auto sizes = start.subspan(static_cast<std::size_t>(header - start.begin()) + headerName.size());
+    if (sizes.size() < 8) return {};
     return PngSize{bigEndian(sizes.first(4)), bigEndian(sizes.subspan(4, 4))};
 }
 
