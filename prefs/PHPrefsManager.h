@@ -12,11 +12,11 @@
 
 namespace prismo {
 
-/// The preferences of one domain: a property-list file over default values, with a system-wide notification
-/// by which all stores of the file learn of a change. It can be the target of settings rows.
+/// The preferences of one domain: a property-list file merged over default values. A system-wide notification
+/// tells every store of the same file to reload. A store can be the target of settings rows.
 ///
-/// Changes stay in memory until `save`, and a reload drops them. Failures are silent: a file that cannot be
-/// read is an empty one. Belongs to the thread on which the notification is delivered.
+/// Changes stay in memory until `save`; a reload discards them. Failures are silent: an unreadable file reads
+/// as empty. Use a store only on the thread that delivers its notification.
 class PHPrefsManager : public NSObject {
   public:
     using Callback = std::function<void(PHPrefsManager&)>;
@@ -25,47 +25,47 @@ class PHPrefsManager : public NSObject {
     const Class& isa() const override { return classObject(); }
     ~PHPrefsManager() override;
 
-    /// A store of "/var/mobile/Library/Preferences/IDENTIFIER.plist". Without `notification` it neither posts
-    /// nor observes, and no callback is kept. `callback` may be null; it is not copied, and outlives the
-    /// store.
+    /// Makes a store for "/var/mobile/Library/Preferences/IDENTIFIER.plist". Without `notification` the store
+    /// neither posts nor observes, and it keeps no callback. `callback` may be null; it is not copied and
+    /// must outlive the store.
     static std::shared_ptr<PHPrefsManager> initWithId(const std::string& identifier, Dictionary defaultValues,
                                                       const std::optional<std::string>& notification,
                                                       const Callback* callback);
 
-    /// The same of another file of the device.
+    /// Like `initWithId`, for any file of the device.
     static std::shared_ptr<PHPrefsManager> initWithPath(std::string path, Dictionary defaultValues,
                                                         const std::optional<std::string>& notification,
                                                         const Callback* callback);
 
-    /// The file's name without its directory and its extension.
+    /// The name of the file, without its directory and its extension.
     std::string identifier() const;
 
     const std::string& plistPath() const { return plistPath_; }
-    /// Reloads at once; an empty path is that of no file.
+    /// Reloads at once. An empty path means no file.
     void setPlistPath(std::string path);
-    /// The defaults, and over them what the file holds.
+    /// Reloads the live view: the defaults, overlaid with the file's entries.
     void updateCurrentImplementation();
     /// Reloads, then calls the callback.
     void notificationReceived();
 
-    // The live view: defaults, file and unsaved changes.
+    // The live view: defaults, file and unsaved changes. A missing key reads as nothing, false or 0.
 
     const Value& objectForKey(std::string_view key) const;
     bool boolForKey(std::string_view key) const { return objectForKey(key).boolValue(); }
     float floatForKey(std::string_view key) const { return objectForKey(key).floatValue(); }
     std::int32_t intForKey(std::string_view key) const { return objectForKey(key).intValue(); }
-    /// Does nothing for nothing, which no file could hold.
+    /// Ignores nothing, the empty `Value`, which no file could hold.
     void setObject(const Value& value, const std::string& key);
     void removeObjectForKey(std::string_view key);
 
-    /// Writes the live view in place.
+    /// Writes the live view to the file in place, not atomically.
     void save();
     void notifyEveryone();
     void saveAndNotify();
 
-    /// The live value of the row's "key", else the row's "default".
+    /// The live value under the row's "key", or else the row's "default".
     Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier);
-    /// Sets, saves and notifies; does nothing without a row or its key.
+    /// Sets the value, saves and notifies. Does nothing without a row or a key.
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier);
 
     const Callback* notificationCallback() const { return notificationCallback_; }
@@ -85,7 +85,8 @@ class PHPrefsManager : public NSObject {
     std::string plistPath_;
 };
 
-/// Tells a store of its notification; does nothing without one.
+/// The callback of the notification: the observing store reloads. Does nothing if the observer is not a
+/// store.
 void prefsManagerNotified(const std::shared_ptr<NSObject>& observer);
 
 } // namespace prismo
