@@ -25,7 +25,7 @@ void FBAddTwitterShareButton(const std::shared_ptr<UIViewController>& controller
     item->initWithImage(std::move(image), UIBarButtonItemStyle::plain,
                         FBTwitterShareHandler::sharedInstance(), "shareTapped:");
     item->setAccessibilityLabel("Share");
-    // Nothing behind the image, where the system would draw a border.
+    // An empty background replaces the border that the system would draw.
     const auto background = transparentImage();
     item->setContainer(controller);
     item->setShareText(std::move(shareText));

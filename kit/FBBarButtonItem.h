@@ -8,8 +8,8 @@
 
 namespace prismo {
 
-/// A share button: what it shares, and the page that shows the sheet. The page owns the button by way of its
-/// navigation item, and is not kept alive by it.
+/// A share button: the text to share and the page that presents the compose sheet. The page owns the button
+/// through its navigation item; the button does not keep the page alive.
 class FBBarButtonItem : public UIBarButtonItem {
   public:
     static const Class& classObject();

@@ -5,9 +5,9 @@
 
 namespace prismo {
 
-/// Sends a signal to every process of that name, through the system's own tool, and goes on without waiting.
-/// `signal` is the text after the dash of the tool's option, "9" where there is none. 0 where the tool was
-/// started, otherwise the error number of the start; whether a process was found is not told.
+/// Sends a signal to every process with that name, through the system's own tool and without waiting.
+/// `signal` is the text after the dash of the tool's option, "9" by default. Returns 0 if the tool was
+/// started, or else the error number from starting it. It does not report whether any process was found.
 int FBKillProcess(const std::optional<std::string>& signal, const std::optional<std::string>& processName);
 
 } // namespace prismo

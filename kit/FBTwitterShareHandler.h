@@ -12,10 +12,11 @@ class FBTwitterShareHandler : public NSObject {
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// The one handler of the process; safe to ask for from every thread.
+    /// The only handler of the process. Callable from any thread.
     static const std::shared_ptr<FBTwitterShareHandler>& sharedInstance();
 
-    /// Shows the compose sheet, with the button's text, from the button's page.
+    /// Presents the compose sheet, with the button's text, from the button's page. Does nothing if that page
+    /// is gone.
     void shareTapped(const std::shared_ptr<FBBarButtonItem>& sender);
 };
 

@@ -11,8 +11,8 @@ namespace prismo {
 
 namespace {
 
-/// What the package database prints of the package's version, label and line break included; nothing where
-/// that is not ASCII.
+/// The version as the package database prints it, including its label and line break; nullopt if the output
+/// is not ASCII.
 std::optional<std::string> installedVersion(const std::string& packageIdentifier) {
     auto output = Device::current().runTask(
         "/bin/sh", {"-c", formatted("dpkg -s %@ | grep 'Version'", {packageIdentifier})});
@@ -38,7 +38,7 @@ std::shared_ptr<PSSpecifier> FBVersionCopyrightSpecifier(const std::string& pack
     const auto year = currentYear();
     const auto years = startYear == year ? year : formatted("%@ - %@", {startYear, year});
     row->setProperty(formatted("© %@ %@\n %@", {copyrightHolder, years, version}), "footerText");
-    row->setProperty("1", "footerAlignment"); // centred; a text, as the platform reads it
+    row->setProperty("1", "footerAlignment"); // centered; the platform expects a text
     return row;
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int promptTag = 1;
 constexpr int chooserTag = 2;
-// Under the identity of these selectors an alert keeps its handler and its accounts.
+// An alert holds its handler and its accounts as associated objects under these selectors.
 constexpr const char* handlerKey = "show";
 constexpr const char* accountsKey = "description";
 
@@ -55,7 +55,7 @@ void FBWelcomeTwitterHandler::dropMeAFollow() {
 
 void FBWelcomeTwitterHandler::accessGranted(const std::vector<std::shared_ptr<ACAccount>>& accounts) {
     if (accounts.empty()) {
-        // On the accounts service's own thread, unlike the alerts.
+        // This stays on the accounts service's thread; only the alerts move to the main thread.
         FBOpenTwitterUsername(username_);
     } else if (accounts.size() == 1) {
         followWithAccount(accounts.front());

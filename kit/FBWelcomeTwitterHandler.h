@@ -10,18 +10,18 @@
 
 namespace prismo {
 
-/// Leads through following an account: the prompt, the choice among the person's accounts, the requests. It
-/// is the delegate of both alerts, and each of them keeps it alive.
+/// Guides a person through following an account: the prompt, the choice among their accounts, the requests.
+/// It is the delegate of both alerts, and each of them keeps it alive.
 class FBWelcomeTwitterHandler : public NSObject, public UIAlertViewDelegate {
   public:
     const std::string& username() const { return username_; }
     void setUsername(std::string username) { username_ = std::move(username); }
 
     void alertViewClickedButtonAtIndex(UIAlertView& alert, std::size_t index) override;
-    /// Asks for access to the person's accounts and follows through them; with none, opens the profile
-    /// instead.
+    /// Requests access to the person's accounts. Follows at once with a single account, asks which to use if
+    /// there are several, and opens the profile if there are none. Does nothing if access is refused.
     void dropMeAFollow();
-    /// Sends the request and does not wait for its answer. Callable from every thread.
+    /// Sends the request without waiting for its answer. Callable from any thread.
     void followWithAccount(const std::shared_ptr<ACAccount>& account);
 
   private:
@@ -31,7 +31,8 @@ class FBWelcomeTwitterHandler : public NSObject, public UIAlertViewDelegate {
     std::string username_;
 };
 
-/// Invites the person to follow `username`. Without `message` the maker's own invitation is shown.
+/// Invites the person to follow `username`. Without `title` the alert has no title; without `message` it
+/// shows the maker's own invitation.
 void FBShowTwitterFollowAlert(const std::optional<std::string>& title,
                               const std::optional<std::string>& message, const std::string& username);
 
