@@ -10,7 +10,7 @@ namespace prismo {
 
 namespace {
 
-// Single precision, as the platform's animations take it.
+// Single precision, as on the platform: 0.30000001192092896 seconds once widened.
 constexpr Seconds fadeDuration(0.3F);
 
 CGRect bannerFrame() {
@@ -93,7 +93,8 @@ void SWStatusBarAlert::hideOverlay() {
         fadeDuration,
         [&] {
             actionButton_->setAlpha(0);
-            // At the start of the fade: the window drops back behind the banner while that goes.
+            // At the start of the fade, not at its end: the window drops back while the banner is still
+            // fading.
             if (applicationWindow_) applicationWindow_->setWindowLevel(oldLevel_);
         },
         [self](bool /*finished*/) {
