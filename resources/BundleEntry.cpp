@@ -1,4 +1,4 @@
-// What a program calls when it has loaded the bundle.
+// The entry point that a program calls after loading the bundle.
 
 #include "screens/Bundle.h"
 

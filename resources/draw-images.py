@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""draw-images.py: draws the bundle's images anew, beside this script. They are kept in the tree."""
+"""draw-images.py: redraws the bundle's images next to this script. The images are checked in."""
 
 import struct
 import zlib
 from pathlib import Path
 
-# A sheet on its way up and out of a tray, in a square of 22 units.
+# An arrow that points up out of a tray, in a square of 22 units.
 SHAPES = [
     [(11, 2), (16, 7.4), (12.2, 7.4), (12.2, 14), (9.8, 14), (9.8, 7.4), (6, 7.4)],
     [(3, 10), (7.6, 10), (7.6, 12), (5, 12), (5, 18), (17, 18), (17, 12), (14.4, 12), (14.4, 10), (19, 10), (19, 20), (3, 20)],
@@ -15,7 +15,7 @@ SAMPLES = 4
 
 
 def inside(shape, x, y):
-    """Even-odd: how often a ray to the right crosses the outline."""
+    """Even-odd rule: counts how often a ray to the right crosses the outline."""
     result = False
     for (x1, y1), (x2, y2) in zip(shape, shape[1:] + shape[:1]):
         if (y1 > y) != (y2 > y) and x < x1 + (y - y1) / (y2 - y1) * (x2 - x1):
@@ -38,7 +38,7 @@ def chunk(kind, data):
 
 
 def png(size):
-    """Black with alpha, 8 bits each, so that a host can tint it."""
+    """All black, with 8 bits each of gray and alpha, so that a host can tint it."""
     rows = b"".join(b"\0" + b"".join(bytes((0, coverage(x, y, size))) for x in range(size)) for y in range(size))
     header = struct.pack(">IIBBBBB", size, size, 8, 4, 0, 0, 0)
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows, 9)) + chunk(b"IEND", b"")
