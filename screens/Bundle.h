@@ -4,10 +4,10 @@ namespace prismo {
 
 class Class;
 
-/// Makes the bundle's classes known by their names. A host calls it once, before it makes a page.
+/// Registers the bundle's classes by name. A host calls it once, before it creates a page.
 void registerPrismo2Prefs();
 
-/// The class of the page that the bundle opens with.
+/// The class of the bundle's first page.
 const Class& prismo2PrefsPrincipalClass();
 
 } // namespace prismo

@@ -8,8 +8,8 @@ namespace prismo {
 
 class Prismo2AppScope;
 
-/// The applications in the standard sections, for the picker page. It keeps its page alive, and the page
-/// keeps it.
+/// The installed applications in the standard sections, for the picker page. The data source and its page
+/// keep each other alive until the page leaves its navigation stack.
 class PXApplicationListDataSource : public ALApplicationTableDataSource, public ALValueCellDelegate {
   public:
     static const Class& classObject();
@@ -25,7 +25,7 @@ class PXApplicationListDataSource : public ALApplicationTableDataSource, public 
 
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
                                                                     NSIndexPath indexPath) override;
-    /// A picker has no values to change.
+    /// Does nothing: a picker has no values to change.
     void valueCellDidChangeToValue(ALValueCell& cell, const Value& value) override;
 
   private:

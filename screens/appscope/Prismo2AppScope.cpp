@@ -16,7 +16,7 @@ const Class& Prismo2AppScope::classObject() {
 Prismo2AppScope::~Prismo2AppScope() = default;
 
 bool Prismo2AppScope::initForContentSize(CGSize size) {
-    // Older systems lack the inherited initialiser; a page needs none there.
+    // Older systems lack the inherited initializer; a page does not need it there.
     if (instancesRespondToSelector(PSViewController::classObject(), "initForContentSize:") &&
         !PSViewController::initForContentSize(size))
         return false;

@@ -10,7 +10,7 @@ namespace prismo {
 
 class ALApplicationTableDataSource;
 
-/// The page on which the application is chosen whose settings the root page, its parent, edits.
+/// The page that chooses the application whose settings the root page, its parent, edits.
 class Prismo2AppScope : public PSViewController, public UITableViewDelegate {
   public:
     static const Class& classObject();
@@ -26,17 +26,17 @@ class Prismo2AppScope : public PSViewController, public UITableViewDelegate {
     const std::shared_ptr<UITableView>& table() const { return pTableView_; }
     const std::shared_ptr<UITableView>& pTableView() const { return pTableView_; }
     void setPTableView(std::shared_ptr<UITableView> table) { assign(pTableView_, std::move(table)); }
-    /// It holds this page in turn, until the page leaves its stack.
+    /// The data source keeps this page alive in turn, until the page leaves its navigation stack.
     const std::shared_ptr<ALApplicationTableDataSource>& pDataSource() const { return pDataSource_; }
     void setPDataSource(std::shared_ptr<ALApplicationTableDataSource> dataSource) {
         assign(pDataSource_, std::move(dataSource));
     }
-    /// Of the table; (0, 0) where there is none.
+    /// The size of the table; (0, 0) without one.
     CGSize contentSize() const;
 
-    /// Makes the tapped application the root page's scope and goes back to it.
+    /// Makes the tapped application the root page's scope and goes back to the root page.
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
-    /// A picker has no values to change.
+    /// Does nothing: a picker has no values to change.
     void cellAtIndexPathDidChangeToValue(NSIndexPath indexPath, const Value& value);
 
   private:

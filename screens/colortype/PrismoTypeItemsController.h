@@ -6,17 +6,17 @@
 
 namespace prismo {
 
-/// The page on which an element's colour type is chosen: 0 Global, 1 Disabled, 2 Custom. It reads and writes
-/// the key of the row that opened it, in the scope of its parent page.
+/// The page that chooses an element's color type: 0 Global, 1 Disabled, 2 Custom. It reads and writes the key
+/// of the row that opened it, in the scope of its parent page.
 class PrismoTypeItemsController : public PSListItemsController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// A group and a choice for each type, in the order of the types.
+    /// A group and a choice for each type, in order of the type's number.
     std::shared_ptr<PSSpecifierList> specifiers() override;
-    /// The stored type under the scoped key, else at once the row's "default": an application without a type
-    /// of its own is not shown the system-wide one here.
+    /// The type stored under the scoped key, or else the row's "default". Unlike the root page, this page
+    /// does not fall back to the system-wide type for an application that has none.
     Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) override;
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier) override;
 
@@ -24,14 +24,14 @@ class PrismoTypeItemsController : public PSListItemsController {
     SettingsKey scopedKey(const PSSpecifier& specifier) const;
 };
 
-/// The same page for the global colour: 0 Global, 1 Icon Color.
+/// The same page for the global color: 0 Global, 1 Icon Color.
 class PrismoGlobalTypeItemsController : public PrismoTypeItemsController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// Turns the three types into the two by editing the kept list. Each call edits it once more, so the
-    /// page's machinery must ask only once.
+    /// Reduces the three types to two by editing the cached list. Every call edits it again, so the page's
+    /// machinery must call this only once.
     std::shared_ptr<PSSpecifierList> specifiers() override;
 };
 

@@ -12,12 +12,12 @@
 namespace prismo {
 
 /// The module's root page. It edits the system-wide settings or, in application scope, those of the chosen
-/// application. The scope is the page's own and is never stored: a new page is in system scope.
+/// application. The scope belongs to the page and is never stored: a new page starts in system scope.
 ///
-/// The source of that name has the table of its methods and the life of the page. The others are named after
-/// the class too: …Rows.cpp has the rows in order, …ColorGroup.cpp the three rows of an element,
+/// Prismo2PrefsListController.cpp has the method table and the page's life cycle. The other sources start
+/// with the class's name too: …Rows.cpp has the rows in order, …ColorGroup.cpp the three rows of an element,
 /// …Settings.cpp which key a row reads and writes in which scope, …ColorPicking.cpp the way from a tap on a
-/// color row to the stored color, and …Maintenance.cpp what the page does beside editing settings.
+/// color row to the stored color, and …Maintenance.cpp everything besides editing settings.
 class Prismo2PrefsListController : public PSListController {
   public:
     static const Class& classObject();
@@ -25,18 +25,19 @@ class Prismo2PrefsListController : public PSListController {
 
     bool isInAppScope() const { return isInAppScope_; }
     void setIsInAppScope(bool isInAppScope) { assign(isInAppScope_, isInAppScope); }
-    /// The display identifier of the application whose settings are edited, or nothing.
+    /// The display identifier of the application whose settings are edited, or nullopt if none is chosen.
     const std::optional<std::string>& scopeId() const { return scopeId_; }
     void setScopeId(std::optional<std::string> scopeId) { assign(scopeId_, std::move(scopeId)); }
 
-    /// The banner that offers a restart of the user interface after a change; null before the view is loaded.
-    /// It keeps this page alive, as its target, until the page leaves its stack.
+    /// The banner that offers to restart the user interface after a change; null until the view is loaded. It
+    /// keeps this page alive, as its target, until the page leaves its navigation stack.
     const std::shared_ptr<SWStatusBarAlert>& statusAlert() const { return statusAlert_; }
     void setStatusAlert(std::shared_ptr<SWStatusBarAlert> alert) { assign(statusAlert_, std::move(alert)); }
 
     /// Adds the share button, then loads the view.
     void loadView() override;
-    /// Makes the banner, once, and observes the change notification, once more at each call.
+    /// Makes the banner if there is none yet, and observes the change notification. Every call adds another
+    /// observation.
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
     void didMoveToParentViewController(const std::shared_ptr<UIViewController>& parent) override;
@@ -45,32 +46,36 @@ class Prismo2PrefsListController : public PSListController {
 
     std::shared_ptr<PSSpecifierList> specifiers() override;
 
-    /// The stored value; where there is none, the row's "default" in system scope. In application scope, the
-    /// system-wide value and then nothing: there the default does not count.
+    /// The stored value or, if there is none, a fallback. With an application chosen, the fallback is the
+    /// system-wide value, then nothing: the default does not apply there. Otherwise it is the row's
+    /// "default".
     Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) override;
-    /// Stores the value and posts the row's "PostNotification". Does nothing where the value is nothing or
-    /// the row has no key.
+    /// Stores the value and posts the row's "PostNotification". Does nothing if the value is nothing or the
+    /// row has no key.
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier) override;
-    /// The scope, as the value of the scope row: true in application scope.
+    /// The value of the scope row: true in application scope.
     Value readSegmentPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier);
     void setSegmentPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier);
 
-    /// The three rows of an element: its group, its colour row, its type row.
+    /// The three rows of an element: group, color row, type row. `fallbackColor` is the color text to show if
+    /// none is stored.
     PSSpecifierList colorGroupSpecifierWithTitle(const std::string& title, const std::string& fallbackColor);
 
-    /// Opens the colour picker for a colour row.
+    /// Opens the color picker for a color row.
     void chooseColor(const std::shared_ptr<PSSpecifier>& specifier);
 
-    /// Restarts the user interface, by ending the server that draws it; 0 where that could be started.
+    /// Restarts the user interface by ending the server that draws it. Returns 0 if the tool that does so was
+    /// started, or else the error number.
     int respring(const std::shared_ptr<NSObject>& sender);
-    /// Removes the colours that the extension has worked out from application icons.
+    /// Removes the colors that the extension computed from application icons.
     void clearIconColorCache();
-    /// Opens the package manager at the related package.
+    /// Opens the related package in the package manager.
     void splashtoner();
-    /// Opens the maker's profile. No row of this page names it.
+    /// Opens the maker's profile. No row of this page uses it.
     void twitter();
 
-    /// Lets the control that was tapped finish its animation, then rebuilds the rows.
+    /// Runs the run loop for 0.035 seconds, so that the tapped control can finish its animation, then
+    /// rebuilds the rows.
     void settleAndReload();
 
   private:
@@ -86,11 +91,12 @@ class Prismo2PrefsListController : public PSListController {
     std::shared_ptr<SWStatusBarAlert> statusAlert_;
 };
 
-/// The settings have changed: the page that observes it rebuilds its rows. Does nothing without one.
+/// The callback of the change notification: the observing page rebuilds its rows. Does nothing if the
+/// observer is not a page.
 void settingsChanged(const std::shared_ptr<NSObject>& observer);
 
-/// The name of a colour row whose element follows the global colour. More than a label: its cell shows the
-/// global colour, and the page does not retitle it.
+/// The name of a color row whose element follows the global color. It is more than a label: the row's cell
+/// shows the global color, and the page does not retitle the row.
 inline constexpr const char* usingGlobalColorName = "<Using Global Color>";
 
 } // namespace prismo

@@ -1,4 +1,4 @@
-// The three rows that every colourable element has on the root page.
+// The three rows on the root page for each element that can be colored.
 
 #include "prefs/SettingsFile.h"
 #include "screens/colortype/PrismoTypeItemsController.h"
@@ -26,7 +26,7 @@ PSSpecifierList Prismo2PrefsListController::colorGroupSpecifierWithTitle(const s
     colorRow->setButtonAction("chooseColor:");
     auto slug = lowercased(title);
     std::ranges::replace(slug, ' ', '_');
-    // Scoped here and not on use: the picker stores the colour without passing through the page's setter.
+    // Scoped now rather than on use: the picker stores the color without going through the page's setter.
     colorRow->setProperty(*scopedKey(formatted("%@_color", {slug})), "prismo_key");
 
     auto typeRow = PSSpecifier::preferenceSpecifierNamed(
@@ -40,7 +40,7 @@ PSSpecifierList Prismo2PrefsListController::colorGroupSpecifierWithTitle(const s
     typeRow->setShortTitleDictionary(titles);
     typeRow->setProperty(0, "default");
 
-    // The global colour itself has nothing to follow.
+    // The global color itself has nothing to follow.
     if (slug != "global") {
         const auto type = readPreferenceValue(typeRow);
         const bool followsGlobal = type.isNothing() || type.isEqual(0);

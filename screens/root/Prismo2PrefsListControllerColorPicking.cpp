@@ -1,4 +1,4 @@
-// From a tap on a colour row to the stored colour.
+// From a tap on a color row to the stored color.
 
 #include "prefs/SettingsFile.h"
 #include "screens/root/Prismo2PrefsListController.h"
@@ -16,7 +16,7 @@ void Prismo2PrefsListController::chooseColor(const std::shared_ptr<PSSpecifier>&
     auto settings = loadSettings();
     const auto startColor = storedColor(settings, key, specifier->propertyForKey("prismo_dc"));
     const auto picker = SWColorAlert::colorAlertWithStartColor(startColor, false);
-    // The file as it was when the picker opened is what the chosen colour is added to.
+    // The chosen color is added to the settings as they were when the picker opened.
     picker->displayWithCompletion([settings, key](const UIColor& chosen) mutable {
         if (!key) return;
         const auto text = hexFromColor(chosen) + ":" + decimalText(chosen.alpha);

@@ -1,4 +1,4 @@
-// What the root page does beside editing settings.
+// The root page's actions besides editing settings.
 
 #include "kit/FBKillProcess.h"
 #include "kit/FBOpenLinks.h"

@@ -15,8 +15,8 @@ namespace prismo {
 namespace {
 
 constexpr const char* fallbackColor = "#de3027";
-constexpr double iconSize = 59;
-// The rows of a colour group.
+constexpr double iconSize = 59; // points
+// Positions in the rows of a color group.
 constexpr std::size_t groupRow = 0;
 constexpr std::size_t colorRow = 1;
 constexpr std::size_t typeRow = 2;
@@ -103,8 +103,8 @@ std::shared_ptr<PSSpecifierList> Prismo2PrefsListController::specifiers() {
     global[typeRow]->setShortTitleDictionary(globalTitles);
     global[typeRow]->setTitleDictionary(globalTitles);
     global[typeRow]->setProperty(changeNotification, "PostNotification");
-    // Before the group's header, so that it stands at the end of the group above.
-    const auto masterSwitchAt = list->size();
+    // Ahead of the color group's own group row, so that the switch is the last row of the section above.
+    const auto masterSwitchIndex = list->size();
     list->push_back(switchNamed("Prismo Enabled", "enabled", true));
     append(*list, global);
 
@@ -121,10 +121,10 @@ std::shared_ptr<PSSpecifierList> Prismo2PrefsListController::specifiers() {
     if (!isInAppScope_) appendRetitled("Folder", "Folder Color");
 
     if (appSwitch) {
-        // Where nothing is stored the rows stay enabled, although the switch shows off.
+        // If nothing is stored, the rows stay enabled even though the switch shows off.
         const auto enabled = readPreferenceValue(appSwitch);
         if (!enabled.isNothing() && !enabled.boolValue())
-            for (auto i = masterSwitchAt + 1; i < list->size(); ++i)
+            for (auto i = masterSwitchIndex + 1; i < list->size(); ++i)
                 (*list)[i]->setProperty(false, "enabled");
     }
 

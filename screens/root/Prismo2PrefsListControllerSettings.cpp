@@ -1,4 +1,4 @@
-// The root page's rows and the settings file: which key a row reads and writes in which scope.
+// The root page's access to the settings file: which key a row reads and writes in which scope.
 
 #include "prefs/SettingsFile.h"
 #include "screens/root/Prismo2PrefsListController.h"
@@ -21,7 +21,8 @@ Value Prismo2PrefsListController::readPreferenceValue(const std::shared_ptr<PSSp
     const auto baseKey = keyOf(*specifier);
     auto stored = settingForKey(settings, scopedKey(baseKey));
     if (!stored.isNothing()) return stored;
-    // Not the default: an application without settings of its own shows the system-wide ones as they are.
+    // Not the default: an application without its own setting shows exactly what the system-wide settings
+    // hold.
     if (isInAppScope_ && scopeId_) return settingForKey(settings, baseKey);
     return specifier->propertyForKey("default");
 }

@@ -13,7 +13,7 @@ const Class& PrismoColorCell::classObject() {
 }
 
 SettingsKey PrismoColorCell::prefKey() const {
-    // The plain key in every scope.
+    // Unscoped, even in application scope.
     if (specifier()->name() == usingGlobalColorName) return "global_color";
     return keyOf(*specifier(), "prismo_key");
 }
