@@ -8,10 +8,10 @@ namespace prismo {
 
 namespace {
 
-// The kernel takes no argument of more than 131,072 bytes; every real link is far shorter.
-constexpr std::size_t longest = 65'536;
+// In bytes. The kernel rejects a program argument of more than 131,072 bytes; real links are far shorter.
+constexpr std::size_t maxLinkLength = 65'536;
 
-// Not the C library's classes of characters, which go by the locale.
+// Instead of the C library's character classes, which depend on the locale.
 constexpr std::string_view lower = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view digits = "0123456789";
@@ -25,7 +25,7 @@ bool isSchemeCharacter(char c) { return isLetter(c) || isOneOf(digits, c) || isO
 
 bool isUnreserved(char c) { return isLetter(c) || isOneOf(digits, c) || isOneOf("-._~", c); }
 
-/// The characters of RFC 3986, reserved and unreserved.
+/// The reserved and unreserved characters of RFC 3986, and the percent sign.
 bool isLinkCharacter(char c) { return isUnreserved(c) || isOneOf(":/?#[]@!$&'()*+,;=%", c); }
 
 bool escapesAreWhole(std::string_view text) {
@@ -41,7 +41,7 @@ bool escapesAreWhole(std::string_view text) {
 
 std::optional<std::string> linkScheme(std::string_view url) {
     const auto colon = url.find(':');
-    if (url.size() > longest || colon == std::string_view::npos) return {};
+    if (url.size() > maxLinkLength || colon == std::string_view::npos) return {};
     const auto scheme = url.substr(0, colon);
     if (scheme.empty() || !isLetter(scheme.front()) || !std::ranges::all_of(scheme, isSchemeCharacter) ||
         !std::ranges::all_of(url, isLinkCharacter) || !escapesAreWhole(url))

@@ -10,10 +10,10 @@
 
 namespace prismo {
 
-// Numbers and their texts, whatever the locale.
+// Conversions between numbers and text, independent of the locale.
 
-/// The number that all of `text` is; nothing where it is none, or is beyond the type. In decimal digits, if
-/// `format` says nothing else: the base of an integer, the std::chars_format of a real.
+/// Parses all of `text` as a number; returns nullopt if it is not one or does not fit the type. `format` is
+/// the base of an integer (10 by default) or the std::chars_format of a real.
 template <typename Number, typename... Format>
 std::optional<Number> numberFromText(std::string_view text, Format... format) {
     Number value{};
@@ -24,10 +24,10 @@ std::optional<Number> numberFromText(std::string_view text, Format... format) {
 
 /// The shortest text that reads back as the same number.
 std::string shortestText(double number);
-/// With six decimals and a point.
+/// The number with six decimals, like "%f".
 std::string decimalText(double number);
 
-/// Two hexadecimal digits for each byte, in lower case.
+/// Two lowercase hexadecimal digits for each byte.
 std::string hexText(std::span<const std::uint8_t> bytes);
 std::string hexText(std::uint8_t byte);
 

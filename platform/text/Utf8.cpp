@@ -8,7 +8,7 @@ namespace prismo {
 
 namespace {
 
-/// How many bytes the sequence at the start of `text`, which is not ASCII, has; 0 where it is malformed.
+/// The length in bytes of the sequence at the start of `text`, which is not ASCII; 0 if it is malformed.
 std::size_t sequenceLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);
@@ -23,6 +23,7 @@ std::size_t sequenceLength(std::string_view text) {
     return overlong || surrogate || beyond ? 0 : length;
 }
 
+/// True if all eight bytes are ASCII and none is NUL.
 bool isPlainAscii(const char* eightBytes) {
     constexpr std::uint64_t high = 0x8080808080808080;
     constexpr std::uint64_t ones = 0x0101010101010101;

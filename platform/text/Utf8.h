@@ -4,11 +4,11 @@
 
 namespace prismo {
 
-/// Is it well-formed UTF-8 without a NUL? Surrogates and what is written longer than needed are not.
+/// True for well-formed UTF-8 without NUL. Surrogates and overlong sequences are malformed.
 bool isPlainUtf8(std::string_view text);
 
-/// Can an XML file hold this UTF-8? It has no spelling for a control character besides tab, line feed and
-/// carriage return, nor for U+FFFE and U+FFFF.
+/// True if an XML file can hold this UTF-8 text. XML cannot represent control characters other than tab, line
+/// feed and carriage return, nor U+FFFE and U+FFFF.
 bool isXmlText(std::string_view text);
 
 } // namespace prismo
