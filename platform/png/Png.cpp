@@ -23,8 +23,8 @@ std::optional<PngSize> pngSize(std::span<const std::uint8_t> start) {
     const auto isSame = [](std::uint8_t byte, char c) { return byte == static_cast<std::uint8_t>(c); };
     const auto signature = start.first(std::min(start.size(), pngSignature.size()));
     if (!std::ranges::equal(signature, pngSignature, isSame)) return {};
-    // The header is named, and then come its width and height. The phone's own variant of the format has a
-    // chunk before it.
+    // The width and height follow the header's name. The phone's own variant of the format has another chunk
+    // before the header.
     const auto header = std::search(start.begin(), start.end(), headerName.begin(), headerName.end(), isSame);
     if (header == start.end()) return {};
     const auto sizes = start.subspan(static_cast<std::size_t>(header - start.begin()) + headerName.size());

@@ -7,7 +7,7 @@
 
 namespace prismo {
 
-/// What every PNG file begins with.
+/// The first eight bytes of every PNG file.
 inline constexpr std::string_view pngSignature = "\x89PNG\r\n\x1a\n";
 
 /// In pixels.
@@ -16,8 +16,8 @@ struct PngSize {
     std::uint32_t height = 0;
 };
 
-/// The size of the image in a PNG file that begins with these bytes. Nothing for a file of another kind, and
-/// for one that ends in its header. The first 64 bytes of a file are enough.
+/// The size of the image in a PNG file that begins with these bytes; the first 64 are enough. Returns nullopt
+/// if it is not a PNG file or ends within its header.
 std::optional<PngSize> pngSize(std::span<const std::uint8_t> start);
 
 } // namespace prismo
