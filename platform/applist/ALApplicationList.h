@@ -9,15 +9,16 @@
 
 namespace prismo {
 
-/// What is known of the device's installed applications, by display identifier.
+/// The device's installed applications, looked up by display identifier.
 class ALApplicationList {
   public:
     static ALApplicationList& sharedApplicationList();
 
-    /// The value under "displayName" or "isSystemApplication"; nothing for another key or an application that
-    /// is not installed.
+    /// The value under "displayName" or "isSystemApplication"; nothing for any other key or if the
+    /// application is not installed.
     Value valueForKey(std::string_view key, std::string_view displayIdentifier) const;
-    /// The icon in a square of `size` points, or null where the application has none.
+    /// The icon as a square of `size` points; null if the application is not installed or has no readable
+    /// icon.
     std::shared_ptr<UIImage> iconOfSize(double size, std::string_view displayIdentifier) const;
 };
 

@@ -11,16 +11,16 @@
 
 namespace prismo {
 
-/// One section of an application table: its title and which applications stand in it.
+/// One section of an application table: its title and which applications belong to it.
 struct ALSectionDescriptor {
     std::string title;
     std::function<bool(const InstalledApplication&)> predicate;
-    /// The side of the icons, in points.
+    /// The width and height of the icons, in points.
     double iconSize = 29;
 };
 
-/// A table of the installed applications, in sections, each sorted by name as a person expects: without
-/// regard to case, and numbers by their value. A section that has no application is left out.
+/// A table of the installed applications, in sections. Each section is sorted by name as people expect:
+/// ignoring case, and with numbers in order of value. Sections without applications are left out.
 class ALApplicationTableDataSource : public NSObject, public Observable, public UITableViewDataSource {
   public:
     static const Class& classObject();
@@ -30,18 +30,18 @@ class ALApplicationTableDataSource : public NSObject, public Observable, public 
     static std::vector<ALSectionDescriptor> standardSectionDescriptors();
 
     const std::vector<ALSectionDescriptor>& sectionDescriptors() const { return sectionDescriptors_; }
-    /// Lists the applications anew.
+    /// Also lists the device's applications again.
     void setSectionDescriptors(std::vector<ALSectionDescriptor> descriptors);
 
     struct Section {
         std::string title;
         double iconSize;
-        /// In the order of the table.
+        /// In table order.
         std::vector<InstalledApplication> applications;
     };
     const std::vector<Section>& sections() const { return sections_; }
 
-    /// Nothing where there is no such row.
+    /// Returns nullopt if there is no such row.
     std::optional<std::string> displayIdentifierForIndexPath(NSIndexPath indexPath) const;
 
     std::size_t numberOfSectionsInTableView(UITableView& table) override;

@@ -10,7 +10,7 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Takes the digits at the start of `text`, without leading zeros.
+/// Removes the digits at the start of `text` and returns them without leading zeros.
 std::string_view takeNumber(std::string_view& text) {
     const auto end = std::ranges::find_if_not(text, isDigit);
     auto digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
@@ -19,7 +19,7 @@ std::string_view takeNumber(std::string_view& text) {
     return digits;
 }
 
-// The letters that those of two Unicode blocks stand with; a space for what is no letter.
+// The base letter of each character in two ranges of Unicode; a space if the character is not a letter.
 // U+00C0 to U+017F
 constexpr std::string_view latin = "aaaaaaaceeeeiiiidnooooo ouuuuytsaaaaaaaceeeeiiiidnooooo ouuuuyty"
                                    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiiijjkkklllllll"
@@ -35,7 +35,7 @@ unsigned byteAt(std::string_view text, std::size_t index) {
     return index < text.size() ? static_cast<unsigned char>(text[index]) : 0;
 }
 
-/// The number of the character of two or three bytes that `text` starts with; 0 for any other.
+/// The code point of the two-byte or three-byte character at the start of `text`; 0 for anything else.
 unsigned shortCharacter(std::string_view text) {
     const auto isContinuation = [&](std::size_t index) { return (byteAt(text, index) & 0xC0U) == 0x80; };
     const auto lead = byteAt(text, 0);
@@ -45,13 +45,14 @@ unsigned shortCharacter(std::string_view text) {
     return 0;
 }
 
-/// An accent of its own counts for nothing, as one that is part of its letter does.
+/// Skips combining marks: a separate accent is ignored just as one that is part of its letter.
 void skipMarks(std::string_view& text) {
     for (auto mark = shortCharacter(text); mark >= 0x300 && mark < 0x370; mark = shortCharacter(text))
         text.remove_prefix(2);
 }
 
-/// Takes a letter, without its accent and case, or one byte of what is none.
+/// Removes a letter and returns it without accent and in lower case. Anything else it removes and returns one
+/// byte at a time.
 unsigned takeFolded(std::string_view& text) {
     const auto character = shortCharacter(text);
     auto folded = byteAt(text, 0);
@@ -69,7 +70,8 @@ unsigned takeFolded(std::string_view& text) {
     return folded;
 }
 
-/// Folds as it goes: sorting compares each name many times, and a copy for each would be most of the work.
+/// Folds on the fly: sorting compares each name many times, and making a folded copy each time would take
+/// longer than the comparison.
 std::strong_ordering compareFolded(std::string_view a, std::string_view b) {
     while (!a.empty() && !b.empty()) {
         if (isDigit(a.front()) && isDigit(b.front())) {
