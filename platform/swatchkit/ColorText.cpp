@@ -29,7 +29,7 @@ std::optional<UIColor> colorFromText(std::string_view text) {
     if (!digits) return std::nullopt;
     const bool isShort = text.size() == 3;
     const auto component = [&](unsigned place) {
-        // One digit stands for itself twice: "f" is "ff".
+        // A single digit stands for the same digit twice: "f" means "ff".
         return isShort ? (*digits >> (4 * place) & 0xF) / 15.0 : (*digits >> (8 * place) & 0xFF) / 255.0;
     };
     return UIColor{component(2), component(1), component(0), *alpha};
@@ -41,7 +41,7 @@ UIColor SWKParseColorString(std::string_view text, std::string_view fallback) {
 }
 
 std::uint8_t byteFromComponent(double component) {
-    // In this order NaN becomes 0.
+    // fmax comes first, so that NaN becomes 0.
     return static_cast<std::uint8_t>(std::lround(std::fmin(std::fmax(component, 0), 1) * 255));
 }
 

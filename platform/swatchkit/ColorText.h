@@ -9,17 +9,17 @@
 
 namespace prismo {
 
-/// Reads "rrggbb" or "rgb", each with or without "#" before it and in either case, and with or without ":"
-/// and an alpha from 0 to 1 after it (opaque without); nothing for any other text.
+/// Reads "rrggbb" or "rgb" in either case, optionally with "#" in front, and optionally followed by ":" and
+/// an alpha from 0 to 1 (1 by default). Returns nullopt for any other text.
 std::optional<UIColor> colorFromText(std::string_view text);
 
-/// The colour of `text`; where that is no colour text, of `fallback`; where that is none either, white.
+/// The color of `text`, or of `fallback` if `text` is not a color text, or white if neither is one.
 UIColor SWKParseColorString(std::string_view text, std::string_view fallback);
 
-/// A component as a byte; what is beyond 0 and 1 is there, and what is no number is 0.
+/// Converts a component to a byte. Clamps values to the range 0 to 1; NaN becomes 0.
 std::uint8_t byteFromComponent(double component);
 
-/// "#rrggbb" in lower case, without the alpha.
+/// The color as "#rrggbb" in lower case, without its alpha.
 std::string hexFromColor(const UIColor& color);
 
 } // namespace prismo

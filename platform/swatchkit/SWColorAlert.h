@@ -11,7 +11,7 @@
 
 namespace prismo {
 
-/// The colour picker, as state: a host draws it while it is among the application's presented objects, and
+/// The color picker, as state. A host draws it while it is among the application's presented objects, and
 /// ends it with `accept` or `cancel`.
 class SWColorAlert : public NSObject, public Observable {
   public:
@@ -19,25 +19,26 @@ class SWColorAlert : public NSObject, public Observable {
 
     static std::shared_ptr<SWColorAlert> colorAlertWithStartColor(const UIColor& startColor, bool showAlpha);
 
-    /// Presents the picker. `completion` is called once, when a colour is accepted; never on cancelling.
+    /// Presents the picker. Calls `completion` once, when a color is accepted, and never if the picker is
+    /// canceled.
     void displayWithCompletion(Completion completion);
 
     const UIColor& startColor() const { return startColor_; }
     const UIColor& color() const { return color_; }
     bool showsAlpha() const { return showsAlpha_; }
 
-    /// Sets the whole colour, its alpha too.
+    /// Sets the whole color, including its alpha.
     void setColor(const UIColor& color);
-    /// Changes hue, saturation and brightness (0 to 1) and keeps the alpha. A hue that a grey would lose is
-    /// kept.
+    /// Sets hue, saturation and brightness, each clamped to the range 0 to 1, and keeps the alpha. The hue
+    /// survives even if the color turns gray.
     void setHSB(UIColor::HSB hsb);
     const UIColor::HSB& hsb() const { return hsb_; }
-    /// "#rrggbb" of the current colour.
+    /// The current color as "#rrggbb".
     std::string hexText() const;
-    /// Takes a colour text; its alpha only where the picker shows one. False, and nothing changes, where it
-    /// is no colour text.
+    /// Sets the color from a color text, with its alpha only if the picker shows one. Returns false and
+    /// changes nothing if it is not a color text.
     bool setHexText(std::string_view text);
-    /// From 0 to 1; does nothing where the picker shows no alpha.
+    /// Sets the alpha, clamped to the range 0 to 1. Does nothing if the picker does not show alpha.
     void setAlpha(double alpha);
 
     void accept();

@@ -5,8 +5,8 @@
 
 namespace prismo {
 
-/// A settings cell with a swatch. It asks for its colour when it is made and again whenever the system-wide
-/// notification arrives that the row's property "NotificationListener" names.
+/// A settings cell with a swatch. It computes its color when it gets its row, and again whenever the
+/// system-wide notification arrives that the row's property "NotificationListener" names.
 class SWLiteColorCell : public PSTableCell {
   public:
     static const Class& classObject();
@@ -14,9 +14,9 @@ class SWLiteColorCell : public PSTableCell {
 
     void setSpecifier(std::shared_ptr<PSSpecifier> specifier) override;
 
-    /// The colour to show, worked out afresh at each call; a cell of a kind of its own overrides it.
+    /// The color to show, computed on every call. Subclasses override it.
     virtual UIColor previewColor() { return UIColor::whiteColor(); }
-    /// The colour shown.
+    /// The color shown.
     const UIColor& swatch() const { return swatch_; }
     void refreshSwatch() { assign(swatch_, previewColor()); }
 
