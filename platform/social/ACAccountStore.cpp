@@ -17,7 +17,7 @@ void ACAccountStore::requestAccessToAccountsWithType(const std::shared_ptr<ACAcc
 std::vector<std::shared_ptr<ACAccount>>
 ACAccountStore::accountsWithAccountType(const std::shared_ptr<ACAccountType>& type) const {
     std::vector<std::shared_ptr<ACAccount>> result;
-    // A device keeps accounts of this one service.
+    // A device has accounts of this service only.
     if (type->identifier() != ACAccountTypeIdentifierTwitter) return result;
     for (auto& account : Device::current().accounts())
         result.push_back(std::make_shared<ACAccount>(std::move(account)));

@@ -12,7 +12,7 @@ namespace prismo {
 
 inline constexpr const char* ACAccountTypeIdentifierTwitter = "twitter";
 
-/// A kind of accounts, by the identifier of its service.
+/// A kind of account, named by the identifier of its service.
 class ACAccountType : public NSObject {
   public:
     explicit ACAccountType(std::string identifier) : identifier_(std::move(identifier)) {}
@@ -33,14 +33,14 @@ class ACAccount : public NSObject {
     Account account_;
 };
 
-/// The device's accounts. A process asks for access first. Callable from every thread.
+/// The device's accounts. A process must request access first. Callable from any thread.
 class ACAccountStore : public NSObject {
   public:
     std::shared_ptr<ACAccountType> accountTypeWithAccountTypeIdentifier(std::string identifier) const;
-    /// `completion` is called once, on a thread of the accounts service.
+    /// Calls `completion` once, on a thread of the accounts service.
     void requestAccessToAccountsWithType(const std::shared_ptr<ACAccountType>& type,
                                          std::function<void(bool granted)> completion);
-    /// In the order in which the service lists them.
+    /// In the service's order. Empty for any type but Twitter's.
     std::vector<std::shared_ptr<ACAccount>>
     accountsWithAccountType(const std::shared_ptr<ACAccountType>& type) const;
 };

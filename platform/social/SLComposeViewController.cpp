@@ -13,7 +13,7 @@ SLComposeViewController::composeViewControllerForServiceType(SLServiceType servi
 }
 
 std::string SLComposeViewController::serviceName() const {
-    constexpr std::array names{"Twitter"}; // in the services' order
+    constexpr std::array names{"Twitter"}; // indexed by SLServiceType
     return names.at(static_cast<std::size_t>(service_));
 }
 

@@ -8,8 +8,8 @@
 
 namespace prismo {
 
-/// The sheet on which a post is written, as state: a host draws it while it is presented and ends it with
-/// `send` or `dismiss`.
+/// The sheet for writing a post, as state. A host draws it while it is presented and ends it with `send` or
+/// `dismiss`.
 class SLComposeViewController : public UIViewController {
   public:
     explicit SLComposeViewController(SLServiceType service) : service_(service) {}
@@ -17,14 +17,14 @@ class SLComposeViewController : public UIViewController {
     composeViewControllerForServiceType(SLServiceType service);
 
     SLServiceType serviceType() const { return service_; }
-    /// The service's name, as a person knows it.
+    /// The name that people know the service by.
     std::string serviceName() const;
-    /// What is written on it now: the initial text, then what the person made of it.
+    /// The current text: the initial text and whatever the person has made of it.
     const std::string& text() const { return text_; }
     void setInitialText(std::string text) { assign(text_, std::move(text)); }
     void setText(std::string text) { assign(text_, std::move(text)); }
 
-    /// Opens the service's own page for a new post, with the text filled in, and ends the sheet.
+    /// Opens the service's web page for a new post, with the text filled in, and dismisses the sheet.
     void send();
     void dismiss();
 

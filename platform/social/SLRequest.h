@@ -10,10 +10,10 @@
 
 namespace prismo {
 
-/// The numbers are the platform's.
+/// The values are the platform's.
 enum class SLRequestMethod { get = 0, post = 1 };
 
-/// A request to a service in the name of one of the person's accounts, signed and sent by the device.
+/// A request to a service on behalf of one of the person's accounts. The device signs and sends it.
 class SLRequest : public NSObject {
   public:
     static std::shared_ptr<SLRequest> requestForServiceType(SLServiceType service, SLRequestMethod method,
@@ -21,8 +21,8 @@ class SLRequest : public NSObject {
                                                             std::map<std::string, std::string> parameters);
 
     void setAccount(std::shared_ptr<ACAccount> account) { account_ = std::move(account); }
-    /// Sends it and goes on; does nothing without an account. `handler` is called once, on whatever thread,
-    /// with the HTTP status, or 0 where there was no answer.
+    /// Sends the request without waiting; does nothing without an account. Calls `handler` once, on any
+    /// thread, with the HTTP status, or 0 if there was no answer.
     void performRequestWithHandler(std::function<void(int status)> handler);
 
   private:

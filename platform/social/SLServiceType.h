@@ -2,7 +2,7 @@
 
 namespace prismo {
 
-/// The services that posts can be shared on and requests be made to.
+/// The services that accept shared posts and requests.
 enum class SLServiceType { twitter };
 
 inline constexpr SLServiceType SLServiceTypeTwitter = SLServiceType::twitter;
