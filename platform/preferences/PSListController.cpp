@@ -133,7 +133,7 @@ void PSListController::openDetailPage(const std::shared_ptr<PSSpecifier>& specif
     if (!page->initForContentSize(view()->frame().size)) return;
     page->setParentController(sharedSelf<PSListController>());
     page->setSpecifier(specifier);
-    // A page may tell its own title, whatever row opened it.
+    // A page that overrides `title` keeps its own.
     page->setTitle(specifier->name());
     navigation->pushViewController(page, true);
 }

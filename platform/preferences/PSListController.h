@@ -11,32 +11,32 @@
 
 namespace prismo {
 
-/// A settings page made of rows: a grouped table with a section for each group row.
+/// A settings page made of rows: a grouped table with one section per group row.
 class PSListController : public PSViewController, public UITableViewDataSource, public UITableViewDelegate {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// Builds the page's rows, keeps them in `specifiers_` and returns them. A page overrides it.
+    /// Builds the page's rows, caches them in `specifiers_` and returns them. Pages override it.
     virtual std::shared_ptr<PSSpecifierList> specifiers();
-    /// The rows as they are: asks `specifiers` where the page has none, and not again before a reload. This
-    /// is what the page's machinery and every host go by.
+    /// The current rows. Calls `specifiers` only if there are none yet, so at most once between reloads. The
+    /// page's machinery and all hosts use this.
     std::shared_ptr<PSSpecifierList> rows();
-    /// Forgets the rows, asks `specifiers` for new ones and redraws the table.
+    /// Discards the rows, builds new ones with `specifiers` and reloads the table.
     void reloadSpecifiers();
 
-    /// The first row of that identifier, or null.
+    /// The first row with this identifier, or null.
     std::shared_ptr<PSSpecifier> specifierForID(std::string_view identifier);
 
     const std::shared_ptr<UITableView>& table() const { return table_; }
     void loadView() override;
 
-    // Positions in the table: section s is the s-th group row with the rows that follow it; rows before the
-    // first group row are a section of their own, without header.
+    // Positions in the table. Each group row starts a section with the rows that follow it; rows before the
+    // first group row form a section of their own, without a header.
 
-    /// The position of the row at `index` of `rows`; nothing for a group row and beyond the end.
+    /// The position of the row at `index` in `rows`; nullopt for a group row or past the end.
     std::optional<NSIndexPath> indexPathForIndex(std::size_t index);
-    /// The position of a row of this page; nothing for a group row and for another page's.
+    /// The position of a row of this page; nullopt for a group row or a row of another page.
     std::optional<NSIndexPath> indexPathForSpecifier(const PSSpecifier& specifier);
     /// The row at a position, or null.
     std::shared_ptr<PSSpecifier> specifierAtIndexPath(NSIndexPath indexPath);
@@ -48,22 +48,23 @@ class PSListController : public PSViewController, public UITableViewDataSource, 
     std::string tableViewTitleForHeaderInSection(UITableView& table, std::size_t section) override;
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
                                                                     NSIndexPath indexPath) override;
-    /// A tap on a row: a row with an action sends it, one with a detail page opens it. A disabled row does
-    /// nothing.
+    /// Handles a tap: sends the row's action if it has one, and otherwise opens its detail page if it has
+    /// one. A disabled row does nothing.
     void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
 
-    /// A person has tapped the row there; called by the host. A switch is turned, any other row selected.
+    /// Called by the host when a person taps the row. Toggles a switch; selects any other row.
     void tapRow(NSIndexPath indexPath);
 
-    /// Makes the row's detail page and pushes it on this page's navigation controller.
+    /// Creates the row's detail page and pushes it onto this page's navigation controller. Does nothing
+    /// without a navigation controller or if the page cannot be built.
     void openDetailPage(const std::shared_ptr<PSSpecifier>& specifier);
 
   protected:
-    /// The rows once they are built; empty before, and between a reload and the next building.
+    /// The cached rows; null before the first build, and from a reload until the next build.
     std::shared_ptr<PSSpecifierList> specifiers_;
 
   private:
-    /// Where each section starts and ends in `rows`: [first, last), group row included.
+    /// The range [first, last) of a section in `rows`, including its group row.
     struct Section {
         std::size_t first;
         std::size_t last;

@@ -4,22 +4,22 @@
 
 namespace prismo {
 
-/// A page on which one of several values is chosen: one row for each, the chosen one marked. What is read and
-/// written is the value of the row that opened the page, and the mark follows what the page of that row
-/// shows.
+/// A page that chooses one of several values: one row per value, with a checkmark on the current one. It
+/// reads and writes the value of the row that opened it, and the checkmark follows changes of that row's
+/// page.
 class PSListItemsController : public PSListController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
     void viewDidLoad() override;
-    /// A row for each value of the row that opened the page.
+    /// One row per value of the row that opened the page.
     std::shared_ptr<PSSpecifierList> specifiers() override;
-    /// Asks the target of the row that opened the page.
+    /// Asks the target of `specifier`, which is the row that opened the page.
     Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) override;
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier) override;
 
-    /// Is this the row of the current value?
+    /// True if this is the row of the current value.
     bool isChecked(const PSSpecifier& row);
 
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,

@@ -12,7 +12,7 @@
 
 namespace prismo {
 
-/// The kinds of rows. The numbers are the platform's.
+/// The kinds of rows. The values are the platform's.
 enum class PSCellType {
     group = 0,
     link = 1,
@@ -26,11 +26,11 @@ enum class PSCellType {
 /// "group", "link", "linkList", "listItem", "switch", "segment" or "button".
 const char* cellTypeName(PSCellType type);
 
-/// Titles by the value that they stand for, in the order in which they are offered.
+/// Titles by the value they stand for, in the order in which they are offered.
 using PSTitles = std::vector<std::pair<Value, std::string>>;
 
-/// One row of a settings page, as data: what it is called, how it is drawn, whom it asks for its value and
-/// whom it tells. Selectors are full texts, "" where there is none. The target is not kept alive.
+/// One row of a settings page, as data: its name, how it is drawn, and the target that provides and stores
+/// its value. Selectors are full texts; "" means none. The target is not kept alive.
 class PSSpecifier : public NSObject, public Observable {
   public:
     static const Class& classObject();
@@ -53,10 +53,10 @@ class PSSpecifier : public NSObject, public Observable {
     PSCellType cellType() const { return cellType_; }
     const Class* editPaneClass() const { return editPaneClass_; }
 
-    /// "" where none was set.
+    /// "" if none was set.
     const std::string& identifier() const { return identifier_; }
     void setIdentifier(std::string identifier) { assign(identifier_, std::move(identifier)); }
-    /// What a tap sends to the target, with this row as argument where the selector takes one.
+    /// The selector that a tap sends to the target, with this row as the argument if the selector takes one.
     const std::string& buttonAction() const { return buttonAction_; }
     void setButtonAction(std::string selector) { assign(buttonAction_, std::move(selector)); }
 
@@ -64,22 +64,22 @@ class PSSpecifier : public NSObject, public Observable {
     const Value& propertyForKey(std::string_view key) const { return valueForKey(properties_, key); }
     /// Setting nothing removes the property.
     void setProperty(Value value, std::string key);
-    /// False only where the property "enabled" is false.
+    /// False only if the property "enabled" is false.
     bool isEnabled() const;
 
-    /// What a segment or a list item offers, in order.
+    /// The values that a segment or list item offers, in order.
     const Array& values() const { return values_; }
-    /// Values with their titles, one for one; the short titles become the same.
+    /// Sets the values and their titles, one title per value. The short titles become the same.
     void setValues(Array values, const std::vector<std::string>& titles = {});
-    /// The titles of the values, where the row shows its value or its choices.
+    /// The titles of the values, for a row that shows its value or its choices.
     const PSTitles& titleDictionary() const { return titleDictionary_; }
     void setTitleDictionary(PSTitles titles) { assign(titleDictionary_, std::move(titles)); }
     const PSTitles& shortTitleDictionary() const { return shortTitleDictionary_; }
     void setShortTitleDictionary(PSTitles titles) { assign(shortTitleDictionary_, std::move(titles)); }
 
-    /// Asks the target for the value; nothing where there is no getter or no target.
+    /// Asks the target for the value; returns nothing if there is no getter or no target.
     Value performGetter();
-    /// Tells the target; does nothing where there is no setter or no target.
+    /// Sends the value to the target; does nothing if there is no setter or no target.
     void performSetterWithValue(const Value& value);
     void performButtonAction();
 
@@ -99,7 +99,7 @@ class PSSpecifier : public NSObject, public Observable {
     PSTitles shortTitleDictionary_;
 };
 
-/// The title of `value` (the platform's equality), or "".
+/// The title for `value` by the platform's equality, or "".
 const std::string& titleForValue(const PSTitles& titles, const Value& value);
 
 /// A page's rows, in order.

@@ -7,7 +7,7 @@
 
 namespace prismo {
 
-/// The cell of a settings row. A row's property "cellClass" names a class of its own.
+/// The cell of a settings row. A row can name another class in its property "cellClass".
 class PSTableCell : public UITableViewCell {
   public:
     static const Class& classObject();
@@ -17,7 +17,7 @@ class PSTableCell : public UITableViewCell {
     /// Called once, before the cell is shown.
     virtual void setSpecifier(std::shared_ptr<PSSpecifier> specifier);
 
-    /// Shows what the row is now: its name, image, whether it is enabled, the short title of its value.
+    /// Shows the row's current state: name, image, whether it is enabled, and the short title of its value.
     void refreshCellContents();
 
   private:

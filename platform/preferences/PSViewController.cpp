@@ -6,7 +6,7 @@ const Class& PSViewController::classObject() {
     static const Class objectClass(
         "PSViewController", &UIViewController::classObject(),
         [] { return std::make_shared<PSViewController>(); },
-        {// A size is no value, so by name the page gets an empty one.
+        {// A size is not a Value, so a call by name passes an empty one.
          {"initForContentSize:",
           [](NSObject& page, std::span<const Value>) {
               return Value(dynamic_cast<PSViewController&>(page).initForContentSize({}));

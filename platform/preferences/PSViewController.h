@@ -7,15 +7,15 @@
 
 namespace prismo {
 
-/// A page of the Settings application. The page that opened it, and the row that did, are told to it before
-/// it comes on screen.
+/// A page of the Settings application. It gets its parent page and the row that opened it before it appears
+/// on screen.
 class PSViewController : public UIViewController {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// Called once, after the page has been made and before anything else. False where it cannot be built.
-    /// Older systems lack the selector "initForContentSize:".
+    /// Called once, right after the page is created. Returns false if the page cannot be built. Older systems
+    /// lack the selector "initForContentSize:".
     virtual bool initForContentSize(CGSize size);
 
     /// The page that opened this one, or null; not kept alive.
@@ -27,9 +27,9 @@ class PSViewController : public UIViewController {
     const std::shared_ptr<PSSpecifier>& specifier() const { return specifier_; }
     void setSpecifier(std::shared_ptr<PSSpecifier> specifier) { assign(specifier_, std::move(specifier)); }
 
-    /// The value of a row of this page; here, the row's "default".
+    /// The value of a row of this page; by default, the row's "default".
     virtual Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier);
-    /// Stores the value of a row of this page; here, nowhere.
+    /// Stores the value of a row of this page; by default, does nothing.
     virtual void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier);
 
   private:
