@@ -8,8 +8,8 @@ namespace prismo {
 
 namespace {
 
-// A phone of the platform's own time, until the host says otherwise.
-constexpr CGRect firstBounds{{0, 0}, {320, 568}};
+// In points. A phone of the platform's era, until the host sets another size.
+constexpr CGRect defaultBounds{{0, 0}, {320, 568}};
 
 std::shared_ptr<UIApplication>& shared() {
     static auto application = std::make_shared<UIApplication>();
@@ -19,7 +19,7 @@ std::shared_ptr<UIApplication>& shared() {
 } // namespace
 
 UIApplication::UIApplication()
-    : mainScreen_(UIScreen(firstBounds)), keyWindow_(std::make_shared<UIWindow>(firstBounds)) {}
+    : mainScreen_(UIScreen(defaultBounds)), keyWindow_(std::make_shared<UIWindow>(defaultBounds)) {}
 
 const std::shared_ptr<UIApplication>& UIApplication::sharedApplication() { return shared(); }
 

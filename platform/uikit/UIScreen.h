@@ -4,17 +4,17 @@
 
 namespace prismo {
 
-/// A screen of the device; the application has a new one when it is turned.
+/// A screen of the device. The application replaces it when the device rotates.
 class UIScreen {
   public:
     explicit UIScreen(CGRect bounds, double scale = 2) : bounds_(bounds), scale_(scale) {}
 
-    /// The application's main screen, or null where it has none.
+    /// The application's main screen, or null if it has none. The application owns it.
     static const UIScreen* mainScreen();
 
-    /// In points, in the orientation that the device is held in.
+    /// In points, in the current orientation of the device.
     CGRect bounds() const { return bounds_; }
-    /// Pixels to a point.
+    /// Pixels per point.
     double scale() const { return scale_; }
 
     bool operator==(const UIScreen&) const = default;

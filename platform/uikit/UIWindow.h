@@ -4,7 +4,7 @@
 
 namespace prismo {
 
-// Windows of a higher level stand in front of those of a lower one. The numbers are the platform's.
+// Windows with a higher level are in front of those with a lower one. The values are the platform's.
 inline constexpr double UIWindowLevelNormal = 0;
 inline constexpr double UIWindowLevelStatusBar = 1000;
 inline constexpr double UIWindowLevelAlert = 2000;

@@ -11,7 +11,7 @@ namespace prismo {
 
 enum class UIBarButtonItemStyle { plain = 0, done = 2 };
 
-/// A button of the navigation bar. Its target is not kept alive.
+/// A button in the navigation bar. It does not keep its target alive.
 class UIBarButtonItem : public NSObject, public Observable {
   public:
     static const Class& classObject();
@@ -23,15 +23,15 @@ class UIBarButtonItem : public NSObject, public Observable {
 
     const std::shared_ptr<UIImage>& image() const { return image_; }
     UIBarButtonItemStyle style() const { return style_; }
-    /// What a screen reader says in place of the image; "" for nothing.
+    /// What a screen reader says in place of the image; "" if nothing.
     const std::string& accessibilityLabel() const { return accessibilityLabel_; }
     void setAccessibilityLabel(std::string label) { assign(accessibilityLabel_, std::move(label)); }
     const Message& action() const { return action_; }
-    /// In the normal state and with the bar's default metrics; null for the system's own border.
+    /// For the normal state and the bar's default metrics; null for the system's own border.
     const std::shared_ptr<UIImage>& backgroundImage() const { return backgroundImage_; }
     void setBackgroundImage(std::shared_ptr<UIImage> image) { assign(backgroundImage_, std::move(image)); }
 
-    /// A person has tapped it; called by the host. The action's sender is this item.
+    /// Called by the host when a person taps the item. Sends the action with this item as the sender.
     void tap();
 
   private:

@@ -42,14 +42,14 @@ void UINavigationController::popToViewController(const std::shared_ptr<UIViewCon
                                                  bool animated) {
     const auto kept = page; // `page` may be an element of the stack
     const auto left = topViewController();
-    // Asked anew after each call: a page that goes elsewhere when it is told has the last word.
-    const auto isAhead = [&] {
+    // Checked again after each callback, because a page may navigate elsewhere in it, and then that wins.
+    const auto isPending = [&] {
         return left != kept && left == topViewController() &&
                std::ranges::find(viewControllers_, kept) != viewControllers_.end();
     };
-    if (isAhead()) left->viewWillDisappear(animated);
-    if (isAhead()) kept->viewWillAppear(animated);
-    if (!isAhead()) return;
+    if (isPending()) left->viewWillDisappear(animated);
+    if (isPending()) kept->viewWillAppear(animated);
+    if (!isPending()) return;
     const auto above = std::ranges::find(viewControllers_, kept) + 1;
     const std::vector gone(above, viewControllers_.end());
     viewControllers_.erase(above, viewControllers_.end());

@@ -8,8 +8,8 @@
 
 namespace prismo {
 
-/// A stack of pages, the root first; the last one is on screen. Pages are kept alive while they are on it,
-/// and are told as they come and go, at the latest when the stack goes.
+/// A stack of pages, root first; the last one is on screen. The stack keeps its pages alive and notifies each
+/// one when it comes and when it goes, at the latest when the stack itself is destroyed.
 class UINavigationController : public UIViewController {
   public:
     static const Class& classObject();
@@ -20,16 +20,16 @@ class UINavigationController : public UIViewController {
     /// The page on screen, or null.
     std::shared_ptr<UIViewController> topViewController() const;
 
-    /// The page on screen; a page presented over the stack does not count.
+    /// The page on screen, ignoring any page presented over the stack.
     std::shared_ptr<UIViewController> visibleViewController() const { return topViewController(); }
-    /// Never null; the controller's own.
+    /// Never null; owned by this controller.
     const std::shared_ptr<UINavigationBar>& navigationBar() const { return navigationBar_; }
 
     /// Loads the page's view and brings it on screen.
     void pushViewController(const std::shared_ptr<UIViewController>& page, bool animated);
     /// Goes back one page; the root page stays.
     void popViewController(bool animated);
-    /// Goes back to that page; nothing happens where it is not on the stack.
+    /// Goes back to that page; does nothing if it is not on the stack.
     void popToViewController(const std::shared_ptr<UIViewController>& page, bool animated);
 
   private:

@@ -10,7 +10,7 @@ namespace prismo {
 
 class UIBarButtonItem;
 
-/// What a page puts into the navigation bar while it is on top.
+/// What a page shows in the navigation bar while it is on top.
 class UINavigationItem : public NSObject, public Observable {
   public:
     const std::string& title() const { return title_; }

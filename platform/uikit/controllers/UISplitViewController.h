@@ -7,11 +7,13 @@
 
 namespace prismo {
 
-/// The Settings application's outermost controller: its last one is the detail side, with the pages.
+/// The outermost controller of the Settings application. Its last child is the detail side, which holds the
+/// pages.
 class UISplitViewController : public UIViewController {
   public:
     const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const { return viewControllers_; }
-    /// They and the pages in them find this controller from now on; they do not keep it alive.
+    /// From now on, these controllers and the pages in them can find this controller; they do not keep it
+    /// alive.
     void setViewControllers(const std::vector<std::shared_ptr<UIViewController>>& controllers);
 
   private:

@@ -14,8 +14,8 @@ namespace prismo {
 class UINavigationController;
 class UISplitViewController;
 
-/// To which edges of the screen a page's view extends under the bars: a sum of these. The numbers are the
-/// platform's.
+/// The edges of the screen to which a page's view extends under the bars; combine them with |. The values are
+/// the platform's.
 enum UIRectEdge : std::uint32_t {
     UIRectEdgeNone = 0,
     UIRectEdgeTop = 1,
@@ -23,7 +23,7 @@ enum UIRectEdge : std::uint32_t {
     UIRectEdgeAll = 15
 };
 
-/// A page: a view with a life. A host brings it on screen by way of a navigation controller.
+/// A page: a view with a life cycle. A host brings it on screen through a navigation controller.
 class UIViewController : public NSObject, public Observable {
   public:
     static const Class& classObject();
@@ -31,10 +31,10 @@ class UIViewController : public NSObject, public Observable {
 
     virtual std::string title() const { return navigationItem_->title(); }
     void setTitle(std::string title) { navigationItem_->setTitle(std::move(title)); }
-    /// The page's own; its changes are the page's too.
+    /// Owned by the page, which reports the item's changes as its own.
     UINavigationItem& navigationItem() { return *navigationItem_; }
 
-    /// The page's view, loaded first where it is not yet: `loadView`, then `viewDidLoad`.
+    /// The page's view. Loads it first if necessary: `loadView`, then `viewDidLoad`.
     virtual std::shared_ptr<UIView> view();
     bool isViewLoaded() const { return view_ != nullptr; }
 
@@ -44,16 +44,16 @@ class UIViewController : public NSObject, public Observable {
     virtual void viewDidAppear(bool /*animated*/) {}
     virtual void viewWillDisappear(bool /*animated*/) {}
     virtual void viewDidDisappear(bool /*animated*/) {}
-    /// The page has come into a container; or, where that is null, it has left one for good, and lets go of
-    /// what would keep it alive.
+    /// The page has entered a container. If `parent` is null, it has left one for good and releases whatever
+    /// would keep it alive.
     virtual void didMoveToParentViewController(const std::shared_ptr<UIViewController>& /*parent*/) {}
 
-    /// The navigation controller whose stack holds this page, if any.
+    /// The navigation controller whose stack holds this page, or null.
     std::shared_ptr<UINavigationController> navigationController() const {
         return navigationController_.lock();
     }
 
-    /// The split view controller that this page, or its navigation controller, is in, if any.
+    /// The split view controller that contains this page or its navigation controller, or null.
     std::shared_ptr<UISplitViewController> splitViewController() const;
 
     /// Older systems lack it: ask `respondsToSelector("edgesForExtendedLayout")` first.
@@ -62,9 +62,9 @@ class UIViewController : public NSObject, public Observable {
 
     /// Shows a page over this one until it is dismissed.
     void presentViewController(const std::shared_ptr<UIViewController>& page, bool animated);
-    /// Takes away this page, which was presented.
+    /// Dismisses this page, which must have been presented.
     void dismissViewController(bool animated);
-    /// The page that this one is shown over, or null where it is not presented; not kept alive.
+    /// The page over which this one is presented, or null; not kept alive.
     std::shared_ptr<UIViewController> presentingViewController() const {
         return presentingViewController_.lock();
     }

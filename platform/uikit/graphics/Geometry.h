@@ -2,7 +2,7 @@
 
 namespace prismo {
 
-// All lengths are points; the origin is the top left corner.
+// All lengths are in points; the origin is the top left corner.
 
 struct CGPoint {
     double x = 0;

@@ -11,7 +11,7 @@ UIColor UIColor::colorWithHue(double hue, double saturation, double brightness, 
     const double h = clamped(hue) * 6;
     const double s = clamped(saturation);
     const double v = clamped(brightness);
-    // Each primary is full within one sextant of its own hue and falls off over the next one.
+    // Each primary is full within one sextant of its own hue and fades out over the next one.
     const auto primary = [&](double offset) {
         const double distance = std::fmod(offset + h, 6.0);
         return v - v * s * std::clamp(std::min(distance, 4 - distance), 0.0, 1.0);

@@ -2,7 +2,7 @@
 
 namespace prismo {
 
-/// A colour in sRGB; every component from 0 to 1.
+/// A color in sRGB; every component is from 0 to 1.
 struct UIColor {
     double red = 0;
     double green = 0;
@@ -11,7 +11,7 @@ struct UIColor {
 
     bool operator==(const UIColor&) const = default;
 
-    /// Hue, saturation and brightness from 0 to 1; values outside are clamped.
+    /// All arguments are from 0 to 1; values outside that range are clamped.
     static UIColor colorWithHue(double hue, double saturation, double brightness, double alpha);
     static UIColor blackColor() { return {0, 0, 0, 1}; }
     static UIColor whiteColor() { return {1, 1, 1, 1}; }
@@ -22,7 +22,7 @@ struct UIColor {
         double brightness = 0;
         bool operator==(const HSB&) const = default;
     };
-    /// A grey has hue 0.
+    /// A gray has hue 0.
     HSB hsb() const;
 };
 

@@ -8,7 +8,7 @@ namespace prismo {
 
 namespace {
 
-/// Nothing here draws, so what a drawing shows is what it was opened with.
+/// Nothing draws in here, so a context's image is always blank.
 struct Context {
     CGSize size;
     UIGraphicsOpacity opacity;

@@ -7,10 +7,10 @@
 
 namespace prismo {
 
-/// Opens a drawing of that size, in points, on top of those that are open; it starts out empty. A `scale` of
-/// 0 is the main screen's own.
+/// Opens a blank image context of this size, in points, on top of those already open. A `scale` of 0 means
+/// that of the main screen.
 void UIGraphicsBeginImageContextWithOptions(CGSize size, UIGraphicsOpacity opacity, double scale);
-/// What the topmost drawing shows now; null where none is open.
+/// The current image of the topmost context; null if none is open.
 std::shared_ptr<UIImage> UIGraphicsGetImageFromCurrentImageContext();
 void UIGraphicsEndImageContext();
 

@@ -11,7 +11,7 @@ namespace prismo {
 enum class UIGraphicsOpacity { opaque, transparent };
 
 /// A picture: its size in points and its encoded bytes, which a host decodes and scales to that size. An
-/// image without bytes is empty: fully transparent, or black where it is opaque.
+/// image without bytes is blank: fully transparent, or black if it is opaque.
 class UIImage : public NSObject {
   public:
     UIImage(CGSize size, Data data, double scale = 1,
@@ -21,12 +21,13 @@ class UIImage : public NSObject {
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// The PNG file at a device path, in the size that its header tells; nothing where there is none.
+    /// Loads the PNG file at a device path. Its size in points is its size in pixels. Returns null if there
+    /// is no such file or it is not a PNG file.
     static std::shared_ptr<UIImage> imageWithContentsOfFile(const std::string& path);
 
     CGSize size() const { return size_; }
     const Data& data() const { return data_; }
-    /// Pixels to a point.
+    /// Pixels per point.
     double scale() const { return scale_; }
     UIGraphicsOpacity opacity() const { return opacity_; }
 

@@ -8,8 +8,8 @@ namespace prismo {
 
 UIAlertView::UIAlertView(std::optional<std::string> title, std::optional<std::string> message,
                          const std::shared_ptr<UIAlertViewDelegate>& delegate, std::string cancelButtonTitle)
-    : title_(std::move(title)), message_(std::move(message)),
-      delegate_(delegate), buttonTitles_{std::move(cancelButtonTitle)} {}
+    : title_(std::move(title)), message_(std::move(message)), delegate_(delegate),
+      buttonTitles_({std::move(cancelButtonTitle)}) {}
 
 void UIAlertView::addButtonWithTitle(std::string title) {
     buttonTitles_.push_back(std::move(title));

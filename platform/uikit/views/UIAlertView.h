@@ -19,8 +19,8 @@ class UIAlertViewDelegate {
     virtual void alertViewClickedButtonAtIndex(UIAlertView& alert, std::size_t index) = 0;
 };
 
-/// A question over everything else, with buttons; the cancel button has index 0. It is kept alive while it
-/// is shown. Its delegate is not kept alive.
+/// A question on top of everything else, with buttons; the cancel button has index 0. The application keeps
+/// it alive while it is shown. It does not keep its delegate alive.
 class UIAlertView : public NSObject, public Observable {
   public:
     UIAlertView(std::optional<std::string> title, std::optional<std::string> message,
@@ -34,7 +34,7 @@ class UIAlertView : public NSObject, public Observable {
     void setTag(int tag) { assign(tag_, tag); }
 
     void show();
-    /// A person has tapped that button; called by the host. The alert goes, then the delegate is told.
+    /// Called by the host when a person taps that button. Dismisses the alert, then notifies the delegate.
     void clickButtonAtIndex(std::size_t index);
 
   private:

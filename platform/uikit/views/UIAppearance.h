@@ -6,10 +6,10 @@
 
 namespace prismo {
 
-/// The colours of controls inside the pages of one class; nothing stands for the system's own.
+/// The colors of controls inside the pages of one class; nullopt means the system's own.
 struct UIAppearance {
     std::optional<UIColor> segmentedControlTintColor;
-    /// Of the part of the track to the right of the thumb.
+    /// The part of the track to the right of the thumb.
     std::optional<UIColor> sliderMaximumTrackTintColor;
     std::optional<UIColor> switchOnTintColor;
 

@@ -9,7 +9,7 @@
 
 namespace prismo {
 
-/// A button with a title; what is set here is its look in the normal state.
+/// A button with a title. Its setters define its look in the normal state.
 class UIButton : public UIControl {
   public:
     using UIControl::UIControl;
@@ -18,7 +18,7 @@ class UIButton : public UIControl {
     void setTitle(std::string title) { titleLabel_->setText(std::move(title)); }
     const std::optional<UIColor>& titleColor() const { return titleColor_; }
     void setTitleColor(std::optional<UIColor> color) { assign(titleColor_, color); }
-    /// Never null; the button's own, whose changes are the button's too.
+    /// Never null; owned by the button, which reports the label's changes as its own.
     const std::shared_ptr<UILabel>& titleLabel() const { return titleLabel_; }
 
   private:

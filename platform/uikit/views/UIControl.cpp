@@ -9,7 +9,7 @@ void UIControl::addTarget(const std::shared_ptr<NSObject>& target, std::string a
 }
 
 void UIControl::sendActionsForControlEvents(UIControlEvents events) {
-    // On a copy: an action may add a target.
+    // Iterates over a copy: an action may add a target.
     for (const auto& [message, wanted] : std::vector(targets_))
         if ((wanted & events) != 0)
             if (const auto target = message.target.lock())

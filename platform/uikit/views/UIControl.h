@@ -9,22 +9,23 @@
 
 namespace prismo {
 
-/// What happened to a control. The numbers are the platform's.
+/// What happened to a control; combine events with |. The values are the platform's.
 enum UIControlEvents : std::uint32_t {
     UIControlEventTouchUpInside = 64,
     UIControlEventValueChanged = 4096,
 };
 
-/// A view that tells its targets what a person does with it. Targets are not kept alive.
+/// A view that notifies its targets of what a person does with it. It does not keep them alive.
 class UIControl : public UIView {
   public:
     using UIView::UIView;
 
-    /// Sends `action` to `target`, with this control as sender, for each of these events.
+    /// Sends `action` to `target`, with this control as the sender, on any of these events.
     void addTarget(const std::shared_ptr<NSObject>& target, std::string action, UIControlEvents events);
-    /// Can a person hit it? It is somewhere, not hidden, and neither transparent nor on its way to that.
+    /// True if a person can tap it: it has a superview, is not hidden, and is neither transparent nor fading
+    /// out.
     bool takesTouches() const { return superview() && !isHidden() && alpha() > 0; }
-    /// A person has done that; called by the host.
+    /// Called by the host when a person causes these events.
     void sendActionsForControlEvents(UIControlEvents events);
 
   private:

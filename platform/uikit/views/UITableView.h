@@ -19,19 +19,19 @@ struct NSIndexPath {
     auto operator<=>(const NSIndexPath&) const = default;
 };
 
-/// Tells a table what to show. Sections and rows count from 0.
+/// Provides the content of a table. Sections and rows count from 0.
 class UITableViewDataSource {
   public:
     virtual ~UITableViewDataSource() = default;
     virtual std::size_t numberOfSectionsInTableView(UITableView& table) = 0;
     virtual std::size_t tableViewNumberOfRowsInSection(UITableView& table, std::size_t section) = 0;
-    /// "" for a section without a header.
+    /// "" if the section has no header.
     virtual std::string tableViewTitleForHeaderInSection(UITableView& table, std::size_t section) = 0;
     virtual std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
                                                                             NSIndexPath indexPath) = 0;
 };
 
-/// Is told what a person does with a table.
+/// Is notified of what a person does with a table.
 class UITableViewDelegate {
   public:
     virtual ~UITableViewDelegate() = default;
@@ -40,8 +40,7 @@ class UITableViewDelegate {
 
 enum class UITableViewStyle { plain = 0, grouped = 1 };
 
-/// A table: what it shows comes from its data source, what is tapped goes to its delegate; neither is kept
-/// alive.
+/// A table. Its content comes from its data source, and its taps go to its delegate; it keeps neither alive.
 class UITableView : public UIView {
   public:
     UITableView(CGRect frame, UITableViewStyle style) : UIView(frame), style_(style) {}
@@ -54,9 +53,9 @@ class UITableView : public UIView {
     std::shared_ptr<UITableViewDelegate> delegate() const { return delegate_.lock(); }
     void setDelegate(const std::shared_ptr<UITableViewDelegate>& delegate) { assign(delegate_, delegate); }
 
-    /// The cell at a position, asked of the data source once and kept until the next reload.
+    /// The cell at a position. The data source makes it once; the table keeps it until the next reload.
     std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(NSIndexPath indexPath);
-    /// Lets go of all cells and tells the observers.
+    /// Discards all cells and notifies the observers.
     void reloadData();
 
   private:

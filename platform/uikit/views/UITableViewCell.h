@@ -10,20 +10,20 @@ namespace prismo {
 
 enum class UITableViewCellAccessory { none, disclosureIndicator, checkmark };
 
-/// One row of a table as it is to be drawn.
+/// One row of a table, as it should be drawn.
 class UITableViewCell : public UIView {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// The cell's own; their changes are the cell's too.
+    /// Owned by the cell, which reports their changes as its own.
     UILabel& textLabel() { return *textLabel_; }
     UILabel& detailTextLabel() { return *detailTextLabel_; }
     const std::shared_ptr<UIImage>& image() const { return image_; }
     void setImage(std::shared_ptr<UIImage> image) { assign(image_, std::move(image)); }
     UITableViewCellAccessory accessoryType() const { return accessoryType_; }
     void setAccessoryType(UITableViewCellAccessory type) { assign(accessoryType_, type); }
-    /// A disabled cell is greyed out and takes no taps.
+    /// A disabled cell is grayed out and ignores taps.
     bool isEnabled() const { return enabled_; }
     void setEnabled(bool enabled) { assign(enabled_, enabled); }
 

@@ -14,7 +14,7 @@
 
 namespace prismo {
 
-/// How a view follows its superview's size: a sum of these. The numbers are the platform's.
+/// How a view follows its superview's size; combine them with |. The values are the platform's.
 enum UIViewAutoresizing : std::uint32_t {
     UIViewAutoresizingNone = 0,
     UIViewAutoresizingFlexibleWidth = 2,
@@ -22,7 +22,7 @@ enum UIViewAutoresizing : std::uint32_t {
     UIViewAutoresizingFlexibleHeight = 16,
 };
 
-/// A rectangle of the screen as state. A host observes it and draws; it never draws itself.
+/// A rectangle on the screen, as state. A host observes and draws it; a view never draws itself.
 class UIView : public NSObject, public Observable {
   public:
     UIView() = default;
@@ -36,13 +36,13 @@ class UIView : public NSObject, public Observable {
     CGRect frame() const { return frame_; }
     void setFrame(CGRect frame) { assign(frame_, frame); }
     double alpha() const { return alpha_; }
-    /// A fade that begins or is cut short is a change too, where the alpha stays.
+    /// Notifies observers if a fade starts or is cut short, even if the alpha stays the same.
     void setAlpha(double alpha);
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden) { assign(hidden_, hidden); }
     const std::optional<UIColor>& backgroundColor() const { return backgroundColor_; }
     void setBackgroundColor(std::optional<UIColor> color) { assign(backgroundColor_, color); }
-    /// Nothing stands for the system's own tint.
+    /// nullopt means the system's own tint.
     const std::optional<UIColor>& tintColor() const { return tintColor_; }
     void setTintColor(std::optional<UIColor> color) { assign(tintColor_, color); }
     std::uint32_t autoresizingMask() const { return autoresizingMask_; }
@@ -50,19 +50,19 @@ class UIView : public NSObject, public Observable {
     bool autoresizesSubviews() const { return autoresizesSubviews_; }
     void setAutoresizesSubviews(bool resizes) { assign(autoresizesSubviews_, resizes); }
 
-    /// Kept alive by their superview, back to front.
+    /// In order from back to front. The view keeps them alive.
     const std::vector<std::shared_ptr<UIView>>& subviews() const { return subviews_; }
     std::shared_ptr<UIView> superview() const { return superview_.lock(); }
     void addSubview(const std::shared_ptr<UIView>& view);
     void bringSubviewToFront(const std::shared_ptr<UIView>& view);
     void removeFromSuperview();
 
-    /// Runs `animations` now: the state has its new values at once, and what changed is drawn over
-    /// `duration`. When that is over `completion` is called, on the run loop; it learns whether the animation
-    /// went to its end or was cut short by another value.
+    /// Runs `animations` immediately: the state has its new values at once, and the host draws the change
+    /// over `duration`. When that is over, calls `completion` on the run loop; `finished` is false if another
+    /// value cut the animation short.
     static void animateWithDuration(Seconds duration, const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion);
-    /// The alpha to draw at this moment of an animation.
+    /// The alpha to draw now, during an animation.
     double presentationAlpha() const;
     /// When the last animation of the alpha ends, in the run loop's time.
     RunLoop::Time animationEnd() const { return fade_.end; }
@@ -75,7 +75,7 @@ class UIView : public NSObject, public Observable {
         bool operator==(const Fade&) const = default;
     };
     struct Animation;
-    /// The one that is running.
+    /// The animation whose block is running, or null.
     static std::shared_ptr<Animation> animation;
 
     CGRect frame_;
