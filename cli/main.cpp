@@ -1,6 +1,7 @@
 #include "cli/arguments/Usage.h"
 #include "cli/commands/CommandTable.h"
-#include "cli/output/Printable.h"
+
+#include "platform/text/Printable.h"
 
 #include <algorithm>
 #include <cerrno>

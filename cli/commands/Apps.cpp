@@ -1,7 +1,7 @@
 #include "cli/commands/CommandTable.h"
-#include "cli/output/Printable.h"
 
 #include "platform/applist/ALApplicationTableDataSource.h"
+#include "platform/text/Printable.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>

@@ -2,11 +2,11 @@
 #include "cli/arguments/WatchLimits.h"
 #include "cli/commands/CommandTable.h"
 #include "cli/output/Json.h"
-#include "cli/output/Printable.h"
 #include "cli/output/ValueText.h"
 #include "prefs/PHPrefsManager.h"
 
 #include "platform/text/Number.h"
+#include "platform/text/Printable.h"
 
 #include <cmath>
 

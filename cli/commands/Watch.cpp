@@ -1,8 +1,9 @@
 #include "cli/arguments/NotificationName.h"
 #include "cli/arguments/WatchLimits.h"
 #include "cli/commands/CommandTable.h"
-#include "cli/output/Printable.h"
 #include "prefs/SettingsFile.h"
+
+#include "platform/text/Printable.h"
 
 #include <nlohmann/json.hpp>
 #include <set>

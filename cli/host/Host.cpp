@@ -2,8 +2,8 @@
 
 #include "cli/output/CommandError.h"
 #include "cli/output/Json.h"
-#include "cli/output/Printable.h"
 #include "platform/linux/files/DeviceRootPath.h"
+#include "platform/text/Printable.h"
 #include "screens/Bundle.h"
 
 #include <algorithm>

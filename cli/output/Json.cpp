@@ -1,10 +1,9 @@
 #include "cli/output/Json.h"
 
-#include "cli/output/Printable.h"
-
 #include "platform/foundation/Date.h"
 #include "platform/foundation/Overloaded.h"
 #include "platform/text/Number.h"
+#include "platform/text/Printable.h"
 #include "platform/uikit/graphics/UIImage.h"
 
 namespace prismo::cli {

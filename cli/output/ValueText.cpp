@@ -1,9 +1,9 @@
 #include "cli/output/ValueText.h"
 
 #include "cli/output/Json.h"
-#include "cli/output/Printable.h"
 
 #include "platform/text/Number.h"
+#include "platform/text/Printable.h"
 
 namespace prismo::cli {
 

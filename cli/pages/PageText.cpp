@@ -1,10 +1,10 @@
 #include "cli/pages/PageText.h"
 
-#include "cli/output/Printable.h"
 #include "cli/pages/RowValue.h"
 
 #include "platform/preferences/PSListItemsController.h"
 #include "platform/swatchkit/ColorText.h"
+#include "platform/text/Printable.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,16 +1,16 @@
-#include "cli/output/Printable.h"
+#include "platform/text/Printable.h"
 
 #include "platform/text/Utf8.h"
 
 #include <algorithm>
 
-namespace prismo::cli {
+namespace prismo {
 
 namespace {
 
 bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-/// How many bytes the character at the start of the text has; 1 for a byte that begins none.
+/// The length in bytes of the character at the start of the text; 1 for a byte that is not UTF-8.
 std::size_t characterLength(std::string_view text) {
     const auto first = static_cast<unsigned char>(text.front());
     const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0x80 ? 2 : 1;
@@ -40,4 +40,4 @@ std::size_t columns(std::string_view text) {
     return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continuesCharacter));
 }
 
-} // namespace prismo::cli
+} // namespace prismo
