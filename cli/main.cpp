@@ -1,6 +1,7 @@
 #include "cli/arguments/Usage.h"
 #include "cli/commands/CommandTable.h"
 
+#include "platform/foundation/Trace.h"
 #include "platform/text/Printable.h"
 
 #include <algorithm>
@@ -49,8 +50,12 @@ void explainArguments(CLI::App& command) {
         explainArguments(*inner);
 }
 
-int run(Command& command, const Options& options) {
+using Words = std::vector<std::string>;
+
+int run(Command& command, const Options& options, const Words& words) {
     Host host(options, command.companions(), command.clock());
+    const Trace::Step step(
+        "command", [&] { return Trace::text(Array(words.begin(), words.end())); }, "prismo2");
     try {
         return host.finish(command.run(host));
     } catch (const std::runtime_error& error) {
@@ -70,7 +75,6 @@ void declareOptions(CLI::App& app, Options& options) {
     app.add_flag("--dry-run", options.dryRun, "change nothing; tell what would be done");
 }
 
-using Words = std::vector<std::string>;
 using Commands = std::map<const CLI::App*, std::unique_ptr<Command>>;
 
 /// To declare all commands takes longer than to run most of them. That is done for the help, and where no
@@ -94,10 +98,10 @@ Commands declareCommands(CLI::App& app, const Words& words) {
     return declared;
 }
 
-/// Nothing where a command is to be run, else the exit code.
+/// The exit code, or nullopt if there is a command to run.
 std::optional<int> parse(CLI::App& app, const Words& words) {
     try {
-        app.parse(Words(words.rbegin(), words.rend())); // it takes the last one first
+        app.parse(Words(words.rbegin(), words.rend())); // it expects them in reverse
         return std::nullopt;
     } catch (const CLI::Success& success) {
         const int exit = app.exit(success); // --help and --version
@@ -122,7 +126,7 @@ int main(int argc, char** argv) {
     const auto declared = declareCommands(app, words);
     if (const auto exit = parse(app, words)) return *exit;
     try {
-        return run(*declared.at(app.get_subcommands().front()), options);
+        return run(*declared.at(app.get_subcommands().front()), options, words);
     } catch (const CommandError& error) {
         return complain(error.exit(), error.what());
     } catch (const std::runtime_error& error) {

@@ -2,6 +2,7 @@
 
 #include "cli/output/CommandError.h"
 
+#include "platform/foundation/Trace.h"
 #include "platform/text/Number.h"
 
 #include <algorithm>
@@ -13,9 +14,9 @@ namespace prismo::cli {
 struct DriveSession::Line {
     const char* name;
     Answer (DriveSession::*play)(const Words&);
-    /// What follows the name, for a person.
+    /// The words after the name, as usage text.
     const char* usage;
-    /// How many words that is.
+    /// The number of those words.
     std::size_t atLeast;
     std::size_t atMost;
 };
@@ -73,6 +74,8 @@ void DriveSession::settle() {
 }
 
 nlohmann::ordered_json DriveSession::play(const Words& words) {
+    const Trace::Step step(
+        "script", [&] { return Trace::text(Array(words.begin(), words.end())); }, "DriveSession::play");
     const auto line = std::ranges::find(lines(), words.front(), &Line::name);
     if (line == lines().end()) throw CommandError(wrongUsage, "unknown line '" + words.front() + "'");
     const Words arguments(words.begin() + 1, words.end());

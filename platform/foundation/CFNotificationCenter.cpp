@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Device.h"
 #include "platform/foundation/NSObject.h"
+#include "platform/foundation/Trace.h"
 
 #include <utility>
 
@@ -46,7 +47,12 @@ void CFNotificationCenter::setSuspended(bool suspended) {
 }
 
 void CFNotificationCenter::notify(const Observer& observer) {
-    if (const auto object = observer.object.lock()) observer.callback(object);
+    const auto object = observer.object.lock();
+    if (!object) return;
+    const Trace::Step step(
+        "notification", [&] { return Trace::text(observer.name) + " to " + object->description(); },
+        "CFNotificationCenter");
+    observer.callback(object);
 }
 
 CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter() { return Device::current().systemCenter(); }

@@ -1,5 +1,7 @@
 #include "platform/foundation/Device.h"
 
+#include "platform/foundation/Trace.h"
+
 #include <algorithm>
 #include <atomic>
 #include <utility>
@@ -28,7 +30,7 @@ Device::Current::~Current() { currentDevice = previous_; }
 bool Device::writePropertyList(const std::string& path, const Dictionary& dictionary, WriteMode mode) {
     if (!isPropertyList(dictionary)) return false;
     const bool written = write(path, dictionary, mode);
-    if (written) recordEffect("write", {{"path", path}});
+    if (written) recordEffect("write", {{"path", path}}, "Device::writePropertyList");
     return written;
 }
 
@@ -37,7 +39,7 @@ void Device::postNotification(const std::string& name, std::string_view object) 
     if (!post(name)) return;
     Dictionary details{{"name", name}};
     if (!object.empty()) details["object"] = object;
-    recordEffect("post", std::move(details));
+    recordEffect("post", std::move(details), "Device::postNotification");
 }
 
 void Device::postFromOutside(const std::string& name) {
@@ -54,7 +56,7 @@ std::string Device::runTask(const std::string& executable, const std::vector<std
     if (!output) return "";
     Array argv = texts(arguments);
     argv.insert(argv.begin(), executable);
-    recordEffect("task", {{"path", executable}, {"argv", std::move(argv)}});
+    recordEffect("task", {{"path", executable}, {"argv", std::move(argv)}}, "Device::runTask");
     return std::move(*output);
 }
 
@@ -63,7 +65,8 @@ int Device::spawn(const std::string& executable, const std::vector<std::string>&
     const int error = start(executable, arguments, environment);
     if (error == 0)
         recordEffect("spawn",
-                     {{"path", executable}, {"argv", texts(arguments)}, {"environment", texts(environment)}});
+                     {{"path", executable}, {"argv", texts(arguments)}, {"environment", texts(environment)}},
+                     "Device::spawn");
     return error;
 }
 
@@ -74,13 +77,13 @@ const std::vector<InstalledApplication>& Device::installedApplications() {
 
 bool Device::canOpenURL(const std::string& url) {
     const bool accepted = canOpen(url);
-    recordEffect("canOpenURL", {{"url", url}, {"accepted", accepted}});
+    recordEffect("canOpenURL", {{"url", url}, {"accepted", accepted}}, "Device::canOpenURL");
     return accepted;
 }
 
 bool Device::openURL(const std::string& url) {
     const bool accepted = open(url);
-    recordEffect("openURL", {{"url", url}, {"accepted", accepted}});
+    recordEffect("openURL", {{"url", url}, {"accepted", accepted}}, "Device::openURL");
     return accepted;
 }
 
@@ -88,10 +91,12 @@ void Device::performRequest(const AccountRequest& request, std::function<void(in
     Dictionary parameters;
     for (const auto& [name, value] : request.parameters)
         parameters[name] = value;
-    recordEffect("request", {{"method", request.method},
-                             {"url", request.url},
-                             {"parameters", std::move(parameters)},
-                             {"account", request.account.username}});
+    recordEffect("request",
+                 {{"method", request.method},
+                  {"url", request.url},
+                  {"parameters", std::move(parameters)},
+                  {"account", request.account.username}},
+                 "Device::performRequest");
     send(request, std::move(completion));
 }
 
@@ -100,7 +105,9 @@ void Device::setEffectObserver(std::function<void(const Effect&)> observer) {
     effectObserver_ = std::move(observer);
 }
 
-void Device::recordEffect(std::string kind, Dictionary details) {
+void Device::recordEffect(std::string kind, Dictionary details, std::string_view from) {
+    const Trace::Step step(
+        "effect", [&] { return kind + ' ' + Trace::text(details); }, from);
     const std::scoped_lock lock(effectMutex_);
     if (effectObserver_) effectObserver_({std::move(kind), std::move(details)});
 }

@@ -209,8 +209,9 @@ class Device {
     void setProblemObserver(std::function<void(const FileProblem&)> observer) {
         problemObserver_ = std::move(observer);
     }
-    /// Adds an effect that is the frameworks' own, such as a page that rebuilds its rows.
-    void recordEffect(std::string kind, Dictionary details);
+    /// Adds an effect that is the frameworks' own, such as a page that rebuilds its rows. `from` is for the
+    /// trace: the function that has it.
+    void recordEffect(std::string kind, Dictionary details, std::string_view from);
 
   protected:
     Device() = default;

@@ -1,5 +1,7 @@
 #include "platform/foundation/NSNotificationCenter.h"
 
+#include "platform/foundation/Trace.h"
+
 #include <algorithm>
 
 namespace prismo {
@@ -12,13 +14,15 @@ void NSNotificationCenter::addObserver(const std::shared_ptr<NSObject>& observer
 }
 
 void NSNotificationCenter::postNotification(std::string_view name, const std::shared_ptr<NSObject>& object) {
+    const Trace::Step step(
+        "notification", [&] { return Trace::text(name); }, "NSNotificationCenter");
     // On a copy: an observer may register another one.
     for (const auto& observer : std::vector(observers_)) {
         if (observer.name != name) continue;
         // An object that has gone sends nothing, and is not to be taken for the absent one.
         if (!observer.anyObject && (!object || observer.object.lock() != object)) continue;
         if (const auto target = observer.message.target.lock())
-            target->performSelector(observer.message.selector, {object});
+            target->performSelector(observer.message.selector, {object}, "NSNotificationCenter");
     }
 }
 

@@ -26,9 +26,12 @@ class NSObject : public std::enable_shared_from_this<NSObject> {
     bool respondsToSelector(std::string_view selector) const {
         return instancesRespondToSelector(isa(), selector);
     }
-    /// Sends a message by name. An argument that the method does not take is ignored; one that it takes and
-    /// is not given is nothing. Throws std::logic_error where the class has no such method.
-    Value performSelector(std::string_view selector, std::initializer_list<Value> arguments = {});
+    /// Sends a message by name. Surplus arguments are ignored; missing arguments become nothing. Throws
+    /// std::logic_error if the class has no such method. `sender` is for the trace: what sends the message.
+    Value performSelector(std::string_view selector, std::initializer_list<Value> arguments = {},
+                          std::string_view sender = {});
+    /// What a person who follows the program sees in place of the object.
+    virtual std::string description() const { return isa().name(); }
 
     /// A value kept with this object under the identity of `selector`, until it is replaced by nothing or
     /// the object goes. Objects are retained.

@@ -8,9 +8,10 @@
 namespace prismo {
 
 void scheduleTimer(Seconds interval, std::shared_ptr<NSObject> target, std::string selector) {
-    Device::current().runLoop().schedule(
-        interval,
-        [target = std::move(target), selector = std::move(selector)] { target->performSelector(selector); });
+    Device::current().runLoop().schedule(interval,
+                                         [target = std::move(target), selector = std::move(selector)] {
+                                             target->performSelector(selector, {}, "timer");
+                                         });
 }
 
 } // namespace prismo

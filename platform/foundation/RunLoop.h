@@ -15,7 +15,8 @@ using Seconds = std::chrono::duration<double>;
 /// The one thread's loop of timers, queued blocks and whatever its driver waits for.
 ///
 /// A run may be nested in another (a callback may call `run`); the inner run handles everything that the
-/// outer one would. Apart from `perform` and `wakeUp`, everything belongs to the thread that runs the loop.
+/// outer one would. Apart from `now`, `perform` and `wakeUp`, everything belongs to the thread that runs the
+/// loop.
 class RunLoop {
   public:
     /// Time since a fixed start that never jumps.
@@ -25,6 +26,7 @@ class RunLoop {
     class Driver {
       public:
         virtual ~Driver() = default;
+        /// Callable from every thread.
         virtual Time now() = 0;
         /// Dispatches what has arrived; where nothing has, waits for it, until `deadline` (for ever without
         /// one) or until `wakeUp`. May return early, and returns at once for a deadline that has passed.

@@ -8,7 +8,7 @@ namespace prismo {
 void VirtualTimeDriver::wait(std::optional<RunLoop::Time> deadline) {
     if (woken_.exchange(false)) return;
     if (!deadline) throw std::logic_error("waiting for what cannot come");
-    now_ = std::max(now_, *deadline);
+    now_ = std::max(now_.load(), *deadline);
 }
 
 } // namespace prismo

@@ -15,7 +15,7 @@ class VirtualTimeDriver : public RunLoop::Driver {
     void wakeUp() override { woken_ = true; }
 
   private:
-    RunLoop::Time now_{};
+    std::atomic<RunLoop::Time> now_{};
     std::atomic<bool> woken_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/preferences/PSListController.h"
 
 #include "platform/foundation/Device.h"
+#include "platform/foundation/Trace.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/UIScreen.h"
@@ -25,7 +26,7 @@ std::shared_ptr<PSSpecifierList> PSListController::rows() { return specifiers_ ?
 void PSListController::reloadSpecifiers() {
     specifiers_ = nullptr;
     specifiers();
-    Device::current().recordEffect("reload", {{"name", isa().name()}});
+    Device::current().recordEffect("reload", {{"name", isa().name()}}, "PSListController::reloadSpecifiers");
     if (table_) table_->reloadData();
     changed();
 }
@@ -119,6 +120,8 @@ void PSListController::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/, 
 
 void PSListController::tapRow(NSIndexPath indexPath) {
     const auto specifier = specifierAtIndexPath(indexPath);
+    const Trace::Step step(
+        "tap", [&] { return Trace::text(specifier) + " on " + isa().name(); }, "PSListController::tapRow");
     if (specifier && specifier->isEnabled() && specifier->cellType() == PSCellType::switchCell)
         specifier->performSetterWithValue(!specifier->performGetter().boolValue());
     else

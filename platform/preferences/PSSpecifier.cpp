@@ -84,17 +84,19 @@ void PSSpecifier::setValues(Array values, const std::vector<std::string>& titles
 Value PSSpecifier::performGetter() {
     const auto target = target_.lock();
     if (!target || getter_.empty()) return {};
-    return target->performSelector(getter_, {sharedSelf<PSSpecifier>()});
+    return target->performSelector(getter_, {sharedSelf<PSSpecifier>()}, "row getter");
 }
 
 void PSSpecifier::performSetterWithValue(const Value& value) {
     const auto target = target_.lock();
-    if (target && !setter_.empty()) target->performSelector(setter_, {value, sharedSelf<PSSpecifier>()});
+    if (target && !setter_.empty())
+        target->performSelector(setter_, {value, sharedSelf<PSSpecifier>()}, "row setter");
 }
 
 void PSSpecifier::performButtonAction() {
     const auto target = target_.lock();
-    if (target && !buttonAction_.empty()) target->performSelector(buttonAction_, {sharedSelf<PSSpecifier>()});
+    if (target && !buttonAction_.empty())
+        target->performSelector(buttonAction_, {sharedSelf<PSSpecifier>()}, "row action");
 }
 
 const std::string& titleForValue(const PSTitles& titles, const Value& value) {

@@ -35,6 +35,7 @@ class PSSpecifier : public NSObject, public Observable {
   public:
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
+    std::string description() const override { return isa().name() + " \"" + name_ + '"'; }
 
     /// `detail` is the class of the page that the row opens; it and `edit` may be null.
     static std::shared_ptr<PSSpecifier>

@@ -84,11 +84,11 @@ bool Phone::coversStatusBar() const {
 QString Phone::rootName() const { return QFileInfo(start_.rootPath).fileName(); }
 
 void Phone::back() {
-    taps_.add([navigation = navigation_] { navigation->popViewController(true); });
+    taps_.add("Phone::back", [navigation = navigation_] { navigation->popViewController(true); });
 }
 
 void Phone::setSize(double width, double height) {
-    taps_.add([=] { UIApplication::sharedApplication()->setScreenSize({width, height}); });
+    taps_.add("Phone::setSize", [=] { UIApplication::sharedApplication()->setScreenSize({width, height}); });
 }
 
 std::unique_ptr<QObject> Phone::makeOverlay(const std::shared_ptr<NSObject>& object) {

@@ -11,13 +11,18 @@ namespace prismo::settings {
 /// comes meanwhile waits its turn.
 class Taps : public QObject {
   public:
-    void add(std::function<void()> act);
-    bool isIdle() const { return acts_.empty() && !isPlaying_; }
+    /// `from` is for the trace: the function that the tap came from, in static storage.
+    void add(const char* from, std::function<void()> act);
+    bool isIdle() const { return taps_.empty() && !isPlaying_; }
 
   private:
     void playNext();
 
-    std::deque<std::function<void()>> acts_;
+    struct Tap {
+        const char* from;
+        std::function<void()> act;
+    };
+    std::deque<Tap> taps_;
     bool isPlaying_ = false;
 };
 

@@ -65,7 +65,7 @@ void PollDriver::poll(std::optional<RunLoop::Time> deadline) {
     }
     const int ready =
         ::ppoll(descriptors.data(), descriptors.size(), isEndless ? nullptr : &timeout, nullptr);
-    if (ready == 0 && clock_ == Clock::virtualTime) virtualNow_ = std::max(virtualNow_, *deadline);
+    if (ready == 0 && clock_ == Clock::virtualTime) virtualNow_ = std::max(virtualNow_.load(), *deadline);
     if (ready <= 0) return;
     if (descriptors[0].revents != 0) {
         eventfd_t count = 0;

@@ -47,7 +47,7 @@ class PollDriver : public DescriptorDriver {
     void dispatch();
 
     Clock clock_;
-    RunLoop::Time virtualNow_{};
+    std::atomic<RunLoop::Time> virtualNow_{};
     std::atomic<int> holds_ = 0;
     UniqueFd wakeUps_;
     std::vector<Watch> watches_;

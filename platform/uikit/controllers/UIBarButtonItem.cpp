@@ -20,7 +20,7 @@ void UIBarButtonItem::initWithImage(std::shared_ptr<UIImage> image, UIBarButtonI
 
 void UIBarButtonItem::tap() {
     if (const auto target = action_.target.lock())
-        target->performSelector(action_.selector, {shared_from_this()});
+        target->performSelector(action_.selector, {shared_from_this()}, "bar button");
 }
 
 } // namespace prismo

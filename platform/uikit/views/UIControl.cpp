@@ -13,7 +13,7 @@ void UIControl::sendActionsForControlEvents(UIControlEvents events) {
     for (const auto& [message, wanted] : std::vector(targets_))
         if ((wanted & events) != 0)
             if (const auto target = message.target.lock())
-                target->performSelector(message.selector, {shared_from_this()});
+                target->performSelector(message.selector, {shared_from_this()}, "control action");
 }
 
 } // namespace prismo

@@ -20,7 +20,8 @@ QStringList Alert::buttons() const {
 
 void Alert::click(int button) {
     if (button < 0 || static_cast<std::size_t>(button) >= alert_->buttonTitles().size()) return;
-    end([alert = alert_, button] { alert->clickButtonAtIndex(static_cast<std::size_t>(button)); });
+    end("Alert::click",
+        [alert = alert_, button] { alert->clickButtonAtIndex(static_cast<std::size_t>(button)); });
 }
 
 } // namespace prismo::settings

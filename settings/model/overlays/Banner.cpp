@@ -38,7 +38,7 @@ QRectF Banner::frame() const {
 }
 
 void Banner::tap() {
-    taps_.add([button = button_] {
+    taps_.add("Banner::tap", [button = button_] {
         if (button->takesTouches()) button->sendActionsForControlEvents(UIControlEventTouchUpInside);
     });
 }

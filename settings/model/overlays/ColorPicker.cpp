@@ -33,14 +33,14 @@ bool ColorPicker::setHexText(const QString& text) {
 }
 
 void ColorPicker::accept() {
-    end([picker = picker_, &recentColors = recentColors_] {
+    end("ColorPicker::accept", [picker = picker_, &recentColors = recentColors_] {
         recentColors.add(QString::fromStdString(picker->hexText()));
         picker->accept();
     });
 }
 
 void ColorPicker::dismiss() {
-    end([picker = picker_] { picker->cancel(); });
+    end("ColorPicker::dismiss", [picker = picker_] { picker->cancel(); });
 }
 
 } // namespace prismo::settings

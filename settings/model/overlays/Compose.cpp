@@ -10,11 +10,11 @@ Compose::Compose(std::shared_ptr<SLComposeViewController> sheet, Taps& taps)
 }
 
 void Compose::send() {
-    end([sheet = sheet_] { sheet->send(); });
+    end("Compose::send", [sheet = sheet_] { sheet->send(); });
 }
 
 void Compose::dismiss() {
-    end([sheet = sheet_] { sheet->dismiss(); });
+    end("Compose::dismiss", [sheet = sheet_] { sheet->dismiss(); });
 }
 
 } // namespace prismo::settings

@@ -11,8 +11,8 @@ namespace prismo::settings {
 
 Overlay::Overlay(std::shared_ptr<NSObject> source, Taps& taps) : source_(std::move(source)), taps_(taps) {}
 
-void Overlay::end(std::function<void()> how) {
-    taps_.add([source = source_, how = std::move(how)] {
+void Overlay::end(const char* from, std::function<void()> how) {
+    taps_.add(from, [source = source_, how = std::move(how)] {
         const auto& presented = UIApplication::sharedApplication()->presented();
         if (std::ranges::find(presented, source) != presented.end()) how();
     });

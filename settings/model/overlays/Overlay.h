@@ -27,8 +27,8 @@ class Overlay : public QObject {
     Overlay(std::shared_ptr<NSObject> source, Taps& taps);
 
     /// Ends it in that way when its turn comes, unless it has ended by then: it can be seen, and tapped,
-    /// until its way out has been drawn.
-    void end(std::function<void()> how);
+    /// until its way out has been drawn. `from` is for the trace, as in `Taps::add`.
+    void end(const char* from, std::function<void()> how);
 
   private:
     std::shared_ptr<NSObject> source_;

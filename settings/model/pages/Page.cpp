@@ -52,7 +52,7 @@ QColor Page::switchTint() const {
 }
 
 void Page::tapRightButton() {
-    taps_.add([button = rightButton()] {
+    taps_.add("Page::tapRightButton", [button = rightButton()] {
         if (button) button->tap();
     });
 }

@@ -114,7 +114,7 @@ QHash<int, QByteArray> Table::roleNames() const {
 }
 
 void Table::tap(int row) {
-    act(row, [this](NSIndexPath path) {
+    act("Table::tap", row, [this](NSIndexPath path) {
         if (list_)
             list_->tapRow(path);
         else if (const auto delegate = table_->delegate())
@@ -123,7 +123,7 @@ void Table::tap(int row) {
 }
 
 void Table::choose(int row, int choice) {
-    act(row, [this, choice](NSIndexPath path) {
+    act("Table::choose", row, [this, choice](NSIndexPath path) {
         const auto specifier = list_ ? list_->specifierAtIndexPath(path) : nullptr;
         const auto at = static_cast<std::size_t>(choice);
         if (specifier && choice >= 0 && at < specifier->values().size())
@@ -131,12 +131,12 @@ void Table::choose(int row, int choice) {
     });
 }
 
-void Table::act(int row, std::function<void(NSIndexPath)> act) {
+void Table::act(const char* from, int row, std::function<void(NSIndexPath)> act) {
     if (row < 0 || row >= rowCount()) return;
     const auto tapped = rows_[static_cast<std::size_t>(row)];
     if (!tapped.isInteractive() || !tapped.isEnabled) return;
     // The page stays, whatever the act does to the stack; this object may go.
-    taps_.add([self = QPointer<Table>(this), page = page_, tapped, act = std::move(act)] {
+    taps_.add(from, [self = QPointer<Table>(this), page = page_, tapped, act = std::move(act)] {
         if (!self) return;
         const auto cell = self->table_->cellForRowAtIndexPath(tapped.path);
         if (!cell || !cell->isEnabled() || cell->textLabel().text() != tapped.title.toStdString()) return;

@@ -52,7 +52,7 @@ class Table : public QAbstractListModel {
   private:
     /// Does `act` with the row that stands there when its turn has come, where that is still the tapped one
     /// and enabled.
-    void act(int row, std::function<void(NSIndexPath)> act);
+    void act(const char* from, int row, std::function<void(NSIndexPath)> act);
     void look();
     void lookAtList();
     void lookAtApplications();

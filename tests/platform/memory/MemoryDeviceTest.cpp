@@ -145,7 +145,7 @@ TEST_F(MemoryDeviceTest, EffectsComeInTheirOrder) {
     device.postNotification("a", "what");
     device.runTask("/bin/sh", {"-c", "x"});
     device.spawn("/usr/bin/killall", {"killall", "-9", "x"}, {"A=b"});
-    device.recordEffect("reload", {{"name", "Page"}});
+    device.recordEffect("reload", {{"name", "Page"}}, "Page::reload");
     EXPECT_EQ(log.take(), (std::vector<Effect>{
                               {"write", {{"path", path}}},
                               {"post", {{"name", "a"}, {"object", "what"}}},

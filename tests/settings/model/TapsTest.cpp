@@ -1,8 +1,11 @@
 #include "settings/model/Taps.h"
 
+#include "platform/foundation/Trace.h"
+
 #include <gtest/gtest.h>
 #include <QCoreApplication>
 #include <string>
+#include <vector>
 
 namespace prismo::settings {
 namespace {
@@ -10,7 +13,7 @@ namespace {
 TEST(TapsTest, TapIsNeverPlayedWithinTheCallThatBringsIt) {
     Taps taps;
     bool isPlayed = false;
-    taps.add([&] { isPlayed = true; });
+    taps.add("test", [&] { isPlayed = true; });
     EXPECT_FALSE(isPlayed);
     QCoreApplication::processEvents();
     EXPECT_TRUE(isPlayed);
@@ -19,9 +22,9 @@ TEST(TapsTest, TapIsNeverPlayedWithinTheCallThatBringsIt) {
 TEST(TapsTest, TapThatComesWhileAnotherIsPlayedWaitsItsTurn) {
     Taps taps;
     std::string played;
-    taps.add([&] {
+    taps.add("test", [&] {
         played += "a(";
-        taps.add([&] { played += "b"; });
+        taps.add("test", [&] { played += "b"; });
         QCoreApplication::processEvents(); // a page that waits
         played += ")";
     });
@@ -29,6 +32,17 @@ TEST(TapsTest, TapThatComesWhileAnotherIsPlayedWaitsItsTurn) {
     QCoreApplication::processEvents();
     EXPECT_EQ(played, "a()b");
     EXPECT_TRUE(taps.isIdle());
+}
+
+TEST(TapsTest, TraceShowsWhereATapCameFromAndWhenItsTurnCame) {
+    std::vector<std::string> steps;
+    Trace::setSink([&](const std::string& line) { steps.push_back(line.substr(line.find("ms") + 4)); });
+    Taps taps;
+    taps.add("Table::tap", [&] { steps.emplace_back("the tap"); });
+    QCoreApplication::processEvents();
+    Trace::setSink(nullptr);
+    EXPECT_EQ(steps, (std::vector<std::string>{"tap queued from Table::tap", "tap played from Table::tap",
+                                               "the tap"}));
 }
 
 } // namespace
