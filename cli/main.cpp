@@ -25,11 +25,11 @@ namespace prismo::cli {
 namespace {
 
 constexpr const char* generalOptions =
-    "'prismo2 --help' tells the options that every command takes, such as --app ID and --json.";
+    "'prismo2 --help' lists the options that every command takes, such as --app ID and --json.";
 constexpr const char* examples = R"(Examples:
   prismo2 rows                              the settings, system-wide
-  prismo2 set enabled off                   switch the colouring off
-  prismo2 type keyboard custom              give the keyboard a colour of its own
+  prismo2 set enabled off                   turn coloring off
+  prismo2 type keyboard custom              give the keyboard its own color
   prismo2 set keyboard_color 3366ff         … this one
   prismo2 --app com.example.app rows        the settings of one application
   prismo2 --app com.example.app set scope_enabled on
@@ -42,7 +42,7 @@ int complain(Exit exit, const std::string& message) {
     return exit;
 }
 
-/// The help would tell the type of each, which is text.
+/// In place of the type of each argument, which is always text.
 void explainArguments(CLI::App& command) {
     for (auto* argument : command.get_options([](const CLI::Option* each) { return each->get_positional(); }))
         argument->option_text(argument->get_required() ? "(required)" : "(optional)");
@@ -69,16 +69,16 @@ void declareOptions(CLI::App& app, Options& options) {
                    "the device root ($PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device)")
         ->option_text("DIR")
         ->check([](const std::string& path) { return path.empty() ? "the device root is empty" : ""; });
-    app.add_option("--app", options.app, "the settings of this application; \"\" for none chosen")
+    app.add_option("--app", options.app, "the settings of this application; \"\" if none is chosen")
         ->option_text("ID");
     app.add_flag("--json", options.json, "print one JSON document");
-    app.add_flag("--dry-run", options.dryRun, "change nothing; tell what would be done");
+    app.add_flag("--dry-run", options.dryRun, "change nothing; report what would be done");
 }
 
 using Commands = std::map<const CLI::App*, std::unique_ptr<Command>>;
 
-/// To declare all commands takes longer than to run most of them. That is done for the help, and where no
-/// command is named; else for those that are.
+/// Declaring all commands takes longer than running most of them, so only the named ones are declared, except
+/// for the help and if no command is named.
 Commands declareCommands(CLI::App& app, const Words& words) {
     const auto isWord = [&](std::string_view word) { return std::ranges::find(words, word) != words.end(); };
     const bool declaresAll =

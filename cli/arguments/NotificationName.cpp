@@ -7,7 +7,8 @@
 namespace prismo::cli {
 
 void requireNotificationName(const std::string& name) {
-    if (!isNotificationName(name)) throw CommandError(wrongUsage, "'" + name + "' is no notification's name");
+    if (!isNotificationName(name))
+        throw CommandError(wrongUsage, "'" + name + "' is not a notification name");
 }
 
 } // namespace prismo::cli

@@ -4,7 +4,7 @@
 
 namespace prismo::cli {
 
-/// Throws CommandError (wrong usage) where no notification can have that name.
+/// Throws CommandError (wrong usage) if no notification can have that name.
 void requireNotificationName(const std::string& name);
 
 } // namespace prismo::cli

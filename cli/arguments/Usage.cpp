@@ -19,7 +19,7 @@ bool lacksCommand(const CLI::App& command) {
 
 std::string quoted(const std::string& word) { return "'" + word + "'"; }
 
-/// About the first word that nothing takes; "" where there is none.
+/// A complaint about the first word that nothing takes, or "".
 std::string unexpectedWord(const CLI::App& app, const std::vector<std::string>& words) {
     const auto refused = app.remaining(true);
     const auto first = std::ranges::find_first_of(words, refused);

@@ -6,10 +6,10 @@
 
 namespace prismo::cli {
 
-/// The words after the program's name. A value may be empty in both spellings: "--app=" becomes "--app" "".
+/// The words after the program's name. An empty value may be written either way: "--app=" becomes "--app" "".
 std::vector<std::string> commandLineWords(int argc, const char* const* argv);
 
-/// What is wrong with the words that `app` has refused with that error, for a person.
+/// What is wrong with words that `app` refused with that error, in words for a person.
 std::string usageProblem(const CLI::App& app, const std::vector<std::string>& words,
                          const CLI::ParseError& error);
 

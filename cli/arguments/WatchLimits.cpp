@@ -10,11 +10,12 @@ namespace prismo::cli {
 
 namespace {
 
-// What is wrong with an option's value; "" where nothing is.
+// What is wrong with an option's value, or "".
 
 std::string refuseOtherThanCount(const std::string& text) {
-    return numberFromText<long>(text).value_or(0) >= 1 ? ""
-                                                       : "'" + text + "' is not a number of lines from 1";
+    return numberFromText<long>(text).value_or(0) >= 1
+               ? ""
+               : "'" + text + "' is not a number of lines, at least 1";
 }
 
 std::string refuseOtherThanSeconds(const std::string& text) {
@@ -35,7 +36,7 @@ void WatchLimits::declare(CLI::App& app) {
 }
 
 void WatchLimits::run(RunLoop& loop) {
-    // The timer stays on the loop where --count is what ends this.
+    // Shared, since the timer stays on the loop if --count ends the run.
     const auto timedOut = std::make_shared<bool>(false);
     if (std::isfinite(seconds_)) loop.schedule(Seconds(seconds_), [timedOut] { *timedOut = true; });
     loop.runUntil([&] { return *timedOut || counted_ >= lines_; });

@@ -7,11 +7,11 @@
 
 namespace prismo::cli {
 
-/// When a watching command ends: after --count lines or --timeout seconds, else never.
+/// When a watching command ends: after --count lines or --timeout seconds, otherwise never.
 class WatchLimits {
   public:
     void declare(CLI::App& app);
-    /// One line more.
+    /// Counts one more line.
     void count() { ++counted_; }
     /// Runs the loop until a limit is reached.
     void run(RunLoop& loop);

@@ -19,7 +19,7 @@ class Color : public Command {
 
     void declare(CLI::App& app) override {
         app.add_option("ELEMENT", element_, elementNames)->required();
-        app.add_option("COLOUR", color_,
+        app.add_option("COLOR", color_,
                        "rrggbb or rgb, with or without '#', then ':' and an alpha if wanted");
     }
 
@@ -37,7 +37,7 @@ class Color : public Command {
         return done;
     }
 
-    /// The colour that the picker opens with.
+    /// The color that the picker opens with.
     static UIColor startColor(PSSpecifier& row) {
         row.performButtonAction();
         const auto picker = topmostPresented<SWColorAlert>();

@@ -12,7 +12,7 @@ class Command {
   public:
     virtual ~Command() = default;
     virtual void declare(CLI::App& app) = 0;
-    /// What the command asks of the world beside files; by default nothing, which keeps it quick.
+    /// What the command needs from the world besides files; nothing by default, which keeps it fast.
     virtual Host::Companions companions() const { return Host::Companions::none; }
     virtual Host::Clock clock() const { return Host::Clock::monotonic; }
     virtual Exit run(Host& host) = 0;

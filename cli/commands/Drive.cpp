@@ -18,7 +18,7 @@ class Drive : public Command {
     bool virtualTime_ = false;
 
     void declare(CLI::App& app) override {
-        app.add_option("SCRIPT", script_, "a file of lines; standard input without it");
+        app.add_option("SCRIPT", script_, "a file with one command per line; standard input if omitted");
         app.add_flag("--virtual-time", virtualTime_,
                      "the clock moves only by 'wait' and the module's own waits");
     }
@@ -42,11 +42,11 @@ class Drive : public Command {
             exit = std::max(exit, play(host, session, line));
         if (input.bad())
             throw CommandError(failed, (script_.empty() ? "standard input" : script_) + ": cannot be read");
-        host.takeEffects(); // a script asks for them itself, with the line "effects"
+        host.takeEffects(); // a script asks for them with the line "effects"
         return exit;
     }
 
-    /// Prints the answer to one line. Of several exit codes the highest counts.
+    /// Prints the answer to one line. The caller keeps the highest exit code.
     static Exit play(Host& host, DriveSession& session, const std::string& line) {
         nlohmann::ordered_json answer{{"ok", true}};
         Exit exit = done;

@@ -42,7 +42,7 @@ class Package : public Command {
     Exit run(Host& host) override {
         tapButton(host, "splashtoner");
         const auto link = host.effects().back();
-        // What a dry run would open is told all the same.
+        // A dry run reports what it would open even if nothing opens it.
         if (!host.options().dryRun && !valueForKey(link.details, "accepted").boolValue())
             throw CommandError(failed, "nothing opens " + valueForKey(link.details, "url").text());
         if (host.options().json) host.printJson({{"opened", valueForKey(link.details, "url").text()}});

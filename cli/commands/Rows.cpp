@@ -18,7 +18,7 @@ class Rows : public Command {
             host.printJson(json(*page));
         else
             host.print(pageText(*page, host.showsColors() ? Style::colors : Style::plain));
-        // The page shows its defaults where it could not read the file.
+        // The page shows its defaults if it could not read the file.
         host.throwOnProblem();
         return done;
     }

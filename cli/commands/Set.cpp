@@ -12,7 +12,7 @@ class Set : public Command {
 
     void declare(CLI::App& app) override {
         app.add_option("KEY", key_, "enabled, keyboard_color_type, keyboard_color …")->required();
-        app.add_option("VALUE", value_, "true or false; a colour type or its title; a colour")->required();
+        app.add_option("VALUE", value_, "true or false; a color type or its title; a color")->required();
     }
 
     Exit run(Host& host) override {

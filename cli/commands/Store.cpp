@@ -14,7 +14,7 @@ namespace prismo::cli {
 
 namespace {
 
-/// Takes a value as it is written: true and false, an integer, a real, else a text.
+/// The kind of a value follows from its spelling: true or false, an integer, a real, otherwise text.
 Value valueFromText(const std::string& text) {
     if (text == "true" || text == "false") return text == "true";
     if (const auto integer = numberFromText<std::int64_t>(text)) return *integer;
@@ -39,12 +39,12 @@ class Store : public Command {
             ->required();
         app.add_option("--notify", notification_, "the notification to post after a change, or to watch")
             ->option_text("NAME");
-        app.add_option("--default", defaults_, "a value for where the file has none")
+        app.add_option("--default", defaults_, "the value of a key that the file lacks")
             ->option_text("KEY=VALUE")
             ->expected(1)
             ->allow_extra_args(false)
             ->take_all();
-        app.add_option("--path", path_, "this file of the device, in place of the domain's own")
+        app.add_option("--path", path_, "a file of the device instead of the domain's own")
             ->option_text("FILE");
         app.add_flag("--string", isText_, "take VALUE as text");
         app.require_subcommand(1);
@@ -58,7 +58,7 @@ class Store : public Command {
             action(app, "watch", "print the values whenever the notification arrives", &Store::watch);
         for (auto* each : {get, set, remove})
             each->add_option("KEY", key_, "its name in the file")->required();
-        set->add_option("VALUE", value_, "a boolean, integer or real, else a text")->required();
+        set->add_option("VALUE", value_, "a boolean, integer or real, otherwise text")->required();
         limits_.declare(*watch);
     }
 
@@ -74,7 +74,7 @@ class Store : public Command {
 
     Exit run(Host& host) override {
         if (domain_.empty() || domain_.find('/') != std::string::npos)
-            throw CommandError(wrongUsage, "'" + domain_ + "' is no preference domain");
+            throw CommandError(wrongUsage, "'" + domain_ + "' is not a preference domain");
         if (!notification_.empty()) requireNotificationName(notification_);
         const PHPrefsManager::Callback callback = [&](PHPrefsManager& store) {
             limits_.count();

@@ -1,4 +1,4 @@
-// The lines of `drive` that are about what comes over a page.
+// The lines of `drive` for what appears over a page.
 
 #include "cli/drive/DriveSession.h"
 #include "cli/output/CommandError.h"
@@ -28,21 +28,21 @@ std::shared_ptr<Object> presented(const char* what) {
 
 Answer DriveSession::pick(const Words& words) {
     const auto color = colorArgument(words[0]);
-    const auto picker = presented<SWColorAlert>("colour picker");
+    const auto picker = presented<SWColorAlert>("color picker");
     picker->setColor(color);
     picker->accept();
     return Answer::object();
 }
 
 Answer DriveSession::cancel(const Words& /*words*/) {
-    presented<SWColorAlert>("colour picker")->cancel();
+    presented<SWColorAlert>("color picker")->cancel();
     return Answer::object();
 }
 
 Answer DriveSession::answer(const Words& words) {
     const auto& text = words[0];
     const auto button = numberFromText<std::size_t>(text);
-    if (!button) throw CommandError(wrongUsage, "'" + text + "' is no button's number");
+    if (!button) throw CommandError(wrongUsage, "'" + text + "' is not a button number");
     const auto alert = presented<UIAlertView>("alert");
     if (*button >= alert->buttonTitles().size())
         throw CommandError(nothingThere, "the alert has no button " + text);

@@ -1,4 +1,4 @@
-// The lines of `drive` that are about rows and pages.
+// The lines of `drive` for rows and pages.
 
 #include "cli/drive/DriveSession.h"
 #include "cli/output/CommandError.h"
@@ -20,7 +20,7 @@ std::shared_ptr<ALApplicationTableDataSource> dataSource(const UITableView& tabl
     return std::dynamic_pointer_cast<ALApplicationTableDataSource>(table.dataSource());
 }
 
-/// The picker's table as rows: its sections as groups, its applications as choices.
+/// The picker's table as rows: sections become groups, applications become choices.
 PSSpecifierList applicationRows(const ALApplicationTableDataSource& source) {
     PSSpecifierList rows;
     for (const auto& section : source.sections()) {
@@ -53,7 +53,7 @@ Answer DriveSession::rows(const Words& /*words*/) {
 Answer DriveSession::tap(const Words& words) {
     const auto tapped = row(words[0]);
     if (tapped->cellType() == PSCellType::segment)
-        throw CommandError(wrongUsage, "'" + words[0] + "' is a segment: set it");
+        throw CommandError(wrongUsage, "'" + words[0] + "' is a segment; use 'set'");
     tapRow(*topPage(), *tapped);
     return Answer::object();
 }
@@ -68,14 +68,14 @@ Answer DriveSession::set(const Words& words) {
 
 Answer DriveSession::choose(const Words& words) {
     const auto chooser = std::dynamic_pointer_cast<PSListItemsController>(topPage());
-    if (!chooser) throw CommandError(nothingThere, "the page on top is no chooser");
+    if (!chooser) throw CommandError(nothingThere, "the page on top is not a chooser");
     tapRow(*chooser, *row(words[0]));
     return Answer::object();
 }
 
 Answer DriveSession::select(const Words& words) {
     const auto table = pickerTable();
-    if (!table) throw CommandError(nothingThere, "the page on top is no application picker");
+    if (!table) throw CommandError(nothingThere, "the page on top is not the application picker");
     const auto source = dataSource(*table);
     for (std::size_t section = 0; section < source->sections().size(); ++section) {
         const auto& applications = source->sections()[section].applications;

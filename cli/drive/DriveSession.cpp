@@ -30,7 +30,7 @@ const std::vector<DriveSession::Line>& DriveSession::lines() {
         {"set", &S::set, "ROW VALUE", 2, 2},
         {"choose", &S::choose, "ROW", 1, 1},
         {"select", &S::select, "ID", 1, 1},
-        {"pick", &S::pick, "COLOUR", 1, 1},
+        {"pick", &S::pick, "COLOR", 1, 1},
         {"cancel", &S::cancel, "", 0, 0},
         {"answer", &S::answer, "N", 1, 1},
         {"share", &S::share, "", 0, 0},
@@ -49,7 +49,7 @@ const std::vector<DriveSession::Line>& DriveSession::lines() {
         {"follow", &S::follow, "USERNAME [--title T] [--message M]", 1, 5},
         {"profile", &S::profile, "USERNAME", 1, 1},
         {"mail", &S::mail, "ADDRESS", 1, 1},
-        {"tint", &S::tint, "COLOUR", 1, 1},
+        {"tint", &S::tint, "COLOR", 1, 1},
         {"untint", &S::untint, "", 0, 0},
         {"kill", &S::kill, "PROCESS [SIGNAL]", 1, 2},
     };
@@ -63,8 +63,8 @@ DriveSession::DriveSession(Host& host) : host_(host), root_(host.makePage()) {
 }
 
 void DriveSession::settle() {
-    // What a callback queues is due on the next turn. A page that observes what it posts would go on for
-    // ever.
+    // What a callback queues is due on the next turn. The limit is for a page that observes its own posts,
+    // which would never end.
     constexpr int mostTurns = 100;
     auto& loop = host_.device().runLoop();
     int turns = 0;
@@ -90,7 +90,7 @@ nlohmann::ordered_json DriveSession::play(const Words& words) {
 std::shared_ptr<PSListController> DriveSession::topPage() const {
     auto page = std::dynamic_pointer_cast<PSListController>(navigation_->topViewController());
     if (pickerTable())
-        throw CommandError(nothingThere, "the page on top is the application picker: use 'select ID'");
+        throw CommandError(nothingThere, "the page on top is the application picker; use 'select ID'");
     if (!page) throw CommandError(nothingThere, "the page on top has no rows");
     return page;
 }

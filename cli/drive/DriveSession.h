@@ -12,17 +12,16 @@
 
 namespace prismo::cli {
 
-/// The module on screen, as a person has it in hand: its root page on a navigation stack, opened and
-/// appeared.
+/// The module on screen, ready for a person's taps: its root page is on a navigation stack and has appeared.
 class DriveSession {
   public:
     explicit DriveSession(Host& host);
     DriveSession(const DriveSession&) = delete;
     DriveSession& operator=(const DriveSession&) = delete;
 
-    /// Plays one line, its words not empty, then lets arrive what is under way. Returns what the line adds to
-    /// its answer. Throws CommandError where the line cannot be read (wrong usage) or there is nothing that
-    /// it speaks of (nothing there).
+    /// Plays one line, given as its words (at least one), then settles. Returns what the line adds to its
+    /// answer. Throws CommandError if the line cannot be read (wrong usage) or what it names does not exist
+    /// (nothing there).
     nlohmann::ordered_json play(const std::vector<std::string>& words);
 
   private:
@@ -37,7 +36,7 @@ class DriveSession {
     Answer set(const Words& words);
     Answer choose(const Words& words);
     Answer select(const Words& words);
-    // What comes over the page
+    // Over the page
     Answer pick(const Words& words);
     Answer cancel(const Words& words);
     Answer answer(const Words& words);
@@ -63,10 +62,10 @@ class DriveSession {
     Answer untint(const Words& words);
     Answer kill(const Words& words);
 
-    /// Lets arrive what is under way.
+    /// Runs the loop until nothing is due.
     void settle();
     std::shared_ptr<PSListController> topPage() const;
-    /// The table of the application picker; null where another page is on top.
+    /// The table of the application picker; null if another page is on top.
     std::shared_ptr<UITableView> pickerTable() const;
     /// The row that a line names: by identifier, by name or as #N. Never a group row or a disabled one.
     std::shared_ptr<PSSpecifier> row(const std::string& name) const;
@@ -78,7 +77,7 @@ class DriveSession {
     std::shared_ptr<UISplitViewController> split_ = std::make_shared<UISplitViewController>();
 };
 
-/// What the line `state` tells.
+/// What the line `state` reports.
 nlohmann::ordered_json driveState(const Prismo2PrefsListController& root,
                                   const UINavigationController& navigation);
 

@@ -1,4 +1,4 @@
-// The lines of `drive` that are about the device around the module, and about the kit.
+// The lines of `drive` for the device around the module, and for the kit.
 
 #include "cli/arguments/NotificationName.h"
 #include "cli/drive/DriveSession.h"

@@ -21,7 +21,7 @@ class WordReader {
   private:
     static bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
-    /// False at the end of the line or where a comment begins.
+    /// False at the end of the line or at a comment.
     bool skipSpace() {
         while (!rest_.empty() && isSpace(rest_.front()))
             rest_.remove_prefix(1);

@@ -12,7 +12,7 @@ using nlohmann::ordered_json;
 
 namespace {
 
-/// JSON escapes the control characters below U+0020 only; U+007F to U+009F drive a terminal too.
+/// JSON escapes only the control characters below U+0020; those from U+007F to U+009F control a terminal too.
 std::string withoutControls(const std::string& text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {

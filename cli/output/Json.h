@@ -17,7 +17,7 @@ nlohmann::ordered_json json(const Value& value);
 nlohmann::ordered_json json(const Effect& effect);
 nlohmann::ordered_json json(const std::vector<Effect>& effects);
 
-/// In one line, control characters escaped. Bytes that are no UTF-8 become U+FFFD.
+/// On one line, with control characters escaped. Bytes that are not UTF-8 become U+FFFD.
 std::string jsonText(const nlohmann::ordered_json& document);
 
 /// "write /User/…", "post com.…" and so on, for a person.

@@ -6,13 +6,13 @@
 
 namespace prismo::cli {
 
-/// Standard output, from now on for this process' results alone: what it starts has standard error in its
-/// place, so that a tool's words never stand among them.
+/// Standard output, reserved for this process's results from now on: programs that it starts get standard
+/// error instead, so that their output never mixes with the results.
 class Results {
   public:
     Results();
 
-    /// Throws CommandError (failed) where it cannot be written.
+    /// Throws CommandError (failed) if it cannot be written.
     void write(const std::string& text);
     bool isTerminal() const;
 
@@ -20,7 +20,7 @@ class Results {
     struct Close {
         void operator()(std::FILE* stream) const { std::fclose(stream); }
     };
-    /// Null where the process was started without one.
+    /// Null if the process was started without a standard output.
     std::unique_ptr<std::FILE, Close> stream_;
 };
 

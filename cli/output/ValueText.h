@@ -6,9 +6,9 @@
 
 namespace prismo::cli {
 
-/// "true", "false", a number or a text as it is; "" for every other kind.
+/// "true", "false", a number, or text unchanged; "" for every other kind.
 std::string valueText(const Value& value);
-/// The same for a terminal; a value of every other kind as JSON.
+/// The same for a terminal; every other kind as JSON.
 std::string shownText(const Value& value);
 
 } // namespace prismo::cli

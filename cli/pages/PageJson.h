@@ -11,7 +11,7 @@ namespace prismo::cli {
 nlohmann::ordered_json json(PSSpecifier& row, std::size_t index);
 /// The page on top: its title, class, scope and rows.
 nlohmann::ordered_json json(PSListController& page);
-/// The same for a page that shows these rows in another way than a list of them. `root` may be null.
+/// The same for a page that is not a list of rows but shows these. `root` may be null.
 nlohmann::ordered_json json(const PSViewController& page, const Prismo2PrefsListController* root,
                             const PSSpecifierList& rows);
 

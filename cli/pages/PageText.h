@@ -8,7 +8,7 @@ namespace prismo::cli {
 
 enum class Style {
     plain,
-    /// With the terminal's attributes and, for swatches, its 24-bit colours.
+    /// With terminal attributes and, for swatches, 24-bit colors.
     colors,
 };
 

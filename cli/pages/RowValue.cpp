@@ -72,7 +72,7 @@ std::shared_ptr<PSSpecifier> rowForElement(Prismo2PrefsListController& page, con
                                            const char* suffix) {
     const auto key = element + suffix;
     if (!isKeyOfSomeScope(key))
-        throw CommandError(wrongUsage, "unknown element '" + element + "', none of " + elementNames);
+        throw CommandError(wrongUsage, "unknown element '" + element + "', not one of " + elementNames);
     return rowForKey(page, key);
 }
 
@@ -105,7 +105,7 @@ UIColor colorArgument(const std::string& text) {
     const auto color = colorFromText(text);
     if (!color)
         refuse(text,
-               "a colour: rrggbb or rgb, with or without '#', with or without ':' and an alpha from 0 to 1");
+               "a color: rrggbb or rgb, with or without '#', with or without ':' and an alpha from 0 to 1");
     return *color;
 }
 

@@ -5,7 +5,7 @@ _prismo2_applications() {
         grep -oE '"[A-Za-z]*[Ii]dentifier": ?"[^"]*"' | cut -d '"' -f 4
 }
 
-# What is offered is typed for the person, so it is quoted: identifiers come from whoever made the application.
+# The shell types the offered word, so it is quoted: an application chooses its own identifier.
 _prismo2_offer() {
     local word quoted
     COMPREPLY=()
@@ -37,7 +37,7 @@ _prismo2() {
     local -a words=() keys
     [[ $cur == = ]] && cur=''
 
-    # The words before the cursor without options and their values; `option` is the one whose value is typed now.
+    # The words before the cursor without options and their values; `option` is the one whose value is being typed.
     for ((i = 1; i < COMP_CWORD; i++)); do
         case ${COMP_WORDS[i]} in
         =) continue ;;

@@ -18,7 +18,7 @@ function __prismo2_words
     end
 end
 
-# Are those words as many as the patterns given, and like them?
+# Whether those words match the given patterns one for one.
 function __prismo2_after
     set -l words (__prismo2_words)
     test (count $words) -eq (count $argv); or return 1
@@ -58,10 +58,10 @@ complete -c prismo2 -l version -d 'Show the version'
 complete -c prismo2 -n __prismo2_after -a rows -d 'Print the rows of the page'
 complete -c prismo2 -n __prismo2_after -a get -d 'Print the value of a row'
 complete -c prismo2 -n __prismo2_after -a set -d 'Write through a row'
-complete -c prismo2 -n __prismo2_after -a type -d 'Show or choose the colour type of an element'
-complete -c prismo2 -n __prismo2_after -a color -d 'Show or store the colour of an element'
+complete -c prismo2 -n __prismo2_after -a type -d 'Show or choose the color type of an element'
+complete -c prismo2 -n __prismo2_after -a color -d 'Show or store the color of an element'
 complete -c prismo2 -n __prismo2_after -a apps -d 'List the installed applications'
-complete -c prismo2 -n __prismo2_after -a clear-cache -d 'Remove the cached icon colours'
+complete -c prismo2 -n __prismo2_after -a clear-cache -d 'Remove the cached icon colors'
 complete -c prismo2 -n __prismo2_after -a respring -d 'Restart the user interface'
 complete -c prismo2 -n __prismo2_after -a package -d 'Open the package manager'
 complete -c prismo2 -n __prismo2_after -a watch -d 'Print change notifications'
@@ -89,12 +89,12 @@ end
 for command in watch post
     complete -c prismo2 -n "__prismo2_command $command" -a com.corvane.prismo2.changed
 end
-complete -c prismo2 -n '__prismo2_command watch' -l count -x -d 'Stop after so many'
-complete -c prismo2 -n '__prismo2_command watch' -l timeout -x -d 'Stop after so many seconds'
+complete -c prismo2 -n '__prismo2_command watch' -l count -x -d 'Stop after this many lines'
+complete -c prismo2 -n '__prismo2_command watch' -l timeout -x -d 'Stop after this many seconds'
 complete -c prismo2 -n '__prismo2_command drive' -l virtual-time -d 'Time passes only by wait'
 complete -c prismo2 -n '__prismo2_after drive' -F
 complete -c prismo2 -n '__prismo2_after store "*"' -a 'get set remove list watch'
-complete -c prismo2 -n '__prismo2_command store' -l notify -xa com.corvane.prismo2.changed -d 'The notification of a change'
-complete -c prismo2 -n '__prismo2_command store' -l default -x -d 'What a key reads as without a value'
+complete -c prismo2 -n '__prismo2_command store' -l notify -xa com.corvane.prismo2.changed -d 'The notification for a change'
+complete -c prismo2 -n '__prismo2_command store' -l default -x -d 'The value of a key that is not stored'
 complete -c prismo2 -n '__prismo2_command store' -l path -r -d 'The file'
 complete -c prismo2 -n '__prismo2_command store' -l string -d 'Take the value as text'

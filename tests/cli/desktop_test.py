@@ -29,20 +29,20 @@ class Desktop(World):
             path.unlink()
         return any("libgio" in text for text in texts)
 
-    def test_an_application_of_the_desktop_is_named(self):
+    def test_a_desktop_application_is_named(self):
         self.assertEqual(self.application_name("--app", NOTES), "Notes")
 
-    def test_a_dry_run_shows_the_page_of_the_real_one(self):
+    def test_a_dry_run_shows_the_same_page_as_a_real_run(self):
         for app in NOTES, "com.not.installed":
             dry = self.ask_json("--dry-run", "--app", app, "rows")
             del dry["effects"]
             self.assertEqual(dry["rows"][:-1], self.rows("--app", app)[:-1])  # the last asks the package database
 
-    def test_a_root_with_applications_has_none_of_the_desktop(self):
+    def test_a_root_with_applications_hides_the_desktop_applications(self):
         self.install(APP, "Example")
         self.assertEqual(self.application_name("--app", NOTES), "")
 
-    def test_only_a_page_of_an_application_loads_it(self):
+    def test_only_an_application_page_loads_the_library(self):
         for dry in [], ["--dry-run"]:
             self.assertTrue(self.loads_desktop(*dry, "--app", NOTES, "rows"))
             for words in (["rows"], ["--app", "", "rows"], ["get", "enabled"], ["--app", NOTES, "get", "nc_color"],
@@ -51,7 +51,7 @@ class Desktop(World):
                           ["--app", NOTES, "clear-cache"], ["post", "a.b"]):
                 self.assertFalse(self.loads_desktop(*dry, *words), (dry, words))
 
-    def test_applications_of_the_root_spare_it(self):
+    def test_applications_in_the_root_avoid_loading_the_library(self):
         self.install(APP, "Example")
         self.assertFalse(self.loads_desktop("--app", APP, "rows"))
         self.assertFalse(self.loads_desktop("--app", NOTES, "rows"))

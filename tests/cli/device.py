@@ -1,4 +1,4 @@
-"""A device root of a test's own, and the command run on it in a clean environment."""
+"""A device root for one test, and the command run on it in a clean environment."""
 
 import json
 import os
@@ -20,7 +20,7 @@ ELEMENTS = ["global", "keyboard", "statusbar", "sms", "nc", "cc", "volume", "fol
 TIMEOUT = 30
 BINARY = None
 
-# The version that the stub of the package database tells, so that a page does not ask the machine's own.
+# The version that the stub of the package database reports, so that no page asks the database of this machine.
 VERSION = "1.2.3-4"
 DPKG = f"""#!/bin/sh
 echo "Package: $2"
@@ -50,7 +50,7 @@ def snapshot(directory):
 
 
 class World(unittest.TestCase):
-    """A home directory with a device root in it, the root being told by its environment variable."""
+    """A home directory with a device root in it, which the environment variable names."""
 
     maxDiff = None
 
@@ -68,7 +68,7 @@ class World(unittest.TestCase):
         self.tool("dpkg", DPKG)
         self.environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "HOME": str(self.home), "LC_ALL": "C.UTF-8",
                             "PRISMO2_ROOT": str(self.root),
-                            # None of this machine's applications: no link is to open one of them.
+                            # None of this machine's applications: no link may open one of them.
                             "XDG_DATA_DIRS": str(self.home / "data")}
 
     def tool(self, name, text):
@@ -94,7 +94,7 @@ class World(unittest.TestCase):
         self.settings_path.write_bytes(plistlib.dumps(values, fmt=format))
 
     def settings(self):
-        """The settings file as the other reader sees it; None where there is none."""
+        """The settings file as another reader sees it; None if it is missing."""
         return plistlib.loads(self.settings_path.read_bytes()) if self.settings_path.exists() else None
 
     # The command
@@ -122,7 +122,7 @@ class World(unittest.TestCase):
         return json.loads(text)
 
     def refusal(self, code, *arguments, **options):
-        """The one line with which a command complains. It prints nothing else."""
+        """The one line on standard error of a command that fails. It prints nothing else."""
         done = self.run_command(*arguments, **options)
         self.assertEqual((done.returncode, done.stdout), (code, ""), (arguments, done.stderr))
         return self.complaint(done.stderr)
@@ -136,7 +136,7 @@ class World(unittest.TestCase):
         return self.ask_json(*options, "rows")["rows"]
 
     def start(self, *arguments, stdin=subprocess.DEVNULL):
-        """A command that goes on; it is ended with the test."""
+        """A command that keeps running; it is killed when the test ends."""
         process = subprocess.Popen([BINARY, *arguments], env=self.environment, text=True, cwd=self.home, stdin=stdin,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.addCleanup(self.end, process)
@@ -159,7 +159,7 @@ class World(unittest.TestCase):
         return [json.loads(line) for line in done.stdout.splitlines()]
 
     def start_session(self):
-        """A script that is yet to be written, in real time."""
+        """A session that takes its script line by line, in real time."""
         return self.start("drive", stdin=subprocess.PIPE)
 
     def play_dry(self, *lines, code=0):
@@ -167,7 +167,7 @@ class World(unittest.TestCase):
 
 
 def namespace(script):
-    """The words that run a script, and the command after it, as root of a mount namespace of its own."""
+    """The words that run a script, and then a command, as root of a new mount namespace."""
     return ["/usr/bin/unshare", "-rm", "/bin/sh", "-c", f'set -e; {script}\nexec "$@"', "sh"]
 
 

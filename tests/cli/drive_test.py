@@ -27,7 +27,7 @@ class Drive(World):
 
 
 class Lines(Drive):
-    def test_a_script_is_read_from_a_file_as_from_the_standard_input(self):
+    def test_a_script_comes_from_a_file_or_standard_input(self):
         script = self.home / "script"
         script.write_text("set enabled off\nfile")
         answers = [json.loads(line) for line in self.ask("drive", str(script), "--virtual-time").splitlines()]
@@ -51,12 +51,12 @@ class Lines(Drive):
         for word in "a#b", "#99", "#3366ff", "'#'", r"\#", "#comment":
             self.assertIn("no row '#" if word != "a#b" else "no row 'a#b'", self.error(3, f"tap {word} # comment"))
 
-    def test_an_index_and_a_colour_need_no_quotes(self):
+    def test_an_index_and_a_color_need_no_quotes(self):
         self.assertEqual(self.last("tap #2 # the master switch", "file")["file"], {"enabled": False})
         self.assertEqual(self.play("tap 'Global Color'", "pick #3366ff", "file")[-1]["file"],
                          {"enabled": False, "global_color": "#3366ff:1.000000"})
 
-    def test_a_line_that_cannot_be_read_is_2(self):
+    def test_unreadable_lines_exit_with_2(self):
         for line in ("nonsense", "'open", '"open', "tap 'a\"", "tap a\\", "tap", "tap a b", "set enabled",
                      "set enabled on off",
                      "rows more", "choose", "select", "pick", "pick purple", "answer", "answer x", "answer -1", "wait",
@@ -67,12 +67,12 @@ class Lines(Drive):
                      "set enabled maybe", "set Scope Elsewhere", "handlers x", "accounts granted", "''", "TAP enabled"):
             self.error(2, line)
 
-    def test_a_line_with_other_arguments_is_told_which_it_takes(self):
+    def test_wrong_arguments_get_a_usage_message(self):
         for line, usage in {"tap": "ROW", "set enabled": "ROW VALUE", "rows more": "no arguments",
                             "kill a b c": "PROCESS [SIGNAL]", "accounts": "granted|refused [NAME …]"}.items():
             self.assertEqual(self.error(2, line), f"'{line.split()[0]}' takes {usage}")
 
-    def test_what_is_not_there_is_3(self):
+    def test_missing_things_exit_with_3(self):
         for line in ("tap nonsense", "tap '#99'", "tap '#'", "tap '#x'", "tap '#-1'", "tap '#0'", "set nonsense on",
                      "choose Custom", f"select {APP}", "pick abc", "cancel", "answer 0", "send", "dismiss", "banner",
                      "back", "tap Keyboard", "tap currentAppCell", "tap '<Using Global Color>'"):
@@ -92,20 +92,20 @@ class Lines(Drive):
             process.stdin.flush()
             self.assertEqual(json.loads(process.stdout.readline()), answer)
 
-    def test_bytes_that_are_no_text_are_answered_in_text(self):
+    def test_bytes_that_are_not_utf8_are_answered_in_utf8(self):
         done = self.run_command("drive", input="tap \udcff\udcfe\0x\n")
         self.assertEqual(done.returncode, 3)
         self.assertFalse(json.loads(done.stdout)["ok"])
 
 
 class Clock(Drive):
-    def test_in_virtual_time_waiting_takes_none(self):
+    def test_waiting_takes_no_time_in_virtual_time(self):
         began = time.monotonic()
         for options in ["--virtual-time"], ["--virtual-time", "--dry-run"]:
             self.play("set enabled off", "wait 86400", "wait 3600", options=options)
         self.assertLess(time.monotonic() - began, 20)
 
-    def test_in_real_time_waiting_takes_it(self):
+    def test_waiting_takes_time_in_real_time(self):
         for options in [], ["--dry-run"]:
             began = time.monotonic()
             self.play("wait 0.3", options=options)
@@ -116,12 +116,12 @@ class Clock(Drive):
 
 
 class Rows(Drive):
-    def test_rows_are_those_of_the_command(self):
+    def test_rows_match_the_rows_command(self):
         answer = self.last("rows")
         self.assertTrue(answer.pop("ok"))
         self.assertEqual(answer, self.ask_json("rows"))
 
-    def test_the_scope_of_the_command_is_that_of_the_page(self):
+    def test_the_page_has_the_scope_of_the_command(self):
         answers = self.play("rows", options=["--virtual-time", "--app", APP])
         self.assertEqual(answers[0]["scope"], {"inApp": True, "app": APP})
 
@@ -136,7 +136,7 @@ class Rows(Drive):
                                 (2, "group", "", "Use the average color of the current app's icon.", []),
                                 (3, "listItem", "Icon Color", None, choice(1, "Icon Color"))])
 
-    def test_an_application_is_no_row_to_tap(self):
+    def test_an_application_cannot_be_tapped_like_a_row(self):
         for line in "tap Example", "choose Example", "set Example on":
             self.assertIn("'select ID'", self.error(3, "set Scope Application", "tap currentAppCell", line))
 
@@ -158,7 +158,7 @@ class Rows(Drive):
             self.assertEqual(self.last("set enabled on", f"set {row} off", f"tap {row}", "file")["file"],
                              {"enabled": True, "use_album_art": True})
 
-    def test_of_several_rows_with_a_name_the_first_is_meant(self):
+    def test_a_shared_name_means_the_first_row(self):
         self.store({"nc_color_type": 2, "cc_color_type": 1, "keyboard_color_type": 1, "statusbar_color_type": 1})
         self.assertIn("disabled", self.error(3, "tap '<Using Global Color>'"))
         self.assertTrue(self.last("set Scope true", "state")["scope"]["inApp"], "the segment, not its group")
@@ -168,7 +168,7 @@ class Rows(Drive):
                               ("System", False), ("false", False), ("0", False)):
             self.assertEqual(self.last(f"set Scope {value}", "state")["scope"], {"inApp": in_app, "app": None}, value)
 
-    def test_a_switch_is_set_by_every_word(self):
+    def test_a_switch_takes_every_word(self):
         for word in "true", "on", "yes", "1", "false", "off", "no", "0":
             self.assertEqual(self.last(f"set enabled {word}", "file")["file"],
                              {"enabled": word in ("true", "on", "yes", "1")})
@@ -186,7 +186,7 @@ class Rows(Drive):
         self.assertIsNone(answers[4]["file"])
         self.error(3, "set Scope Application", "tap currentAppCell", "select com.not.installed")
 
-    def test_the_picker_has_its_applications_as_rows(self):
+    def test_the_picker_shows_its_applications_as_rows(self):
         self.install("com.example.bought", "Bought", store=True)
         page = self.last("set Scope Application", "tap currentAppCell", "rows")
         self.assertEqual((page["page"], page["class"], page["scope"]),
@@ -199,7 +199,7 @@ class Rows(Drive):
             self.assertEqual(set(row), fields)
         self.assertEqual(page["rows"][1]["choices"], [{"value": APP, "title": "Example", "shortTitle": "Example"}])
 
-    def test_back_goes_one_page(self):
+    def test_back_goes_back_one_page(self):
         self.assertEqual(self.stack("tap 'NC Enabled'", "back"), ["Prismo2PrefsListController"])
 
     def test_going_back_to_the_system_forgets_the_application(self):

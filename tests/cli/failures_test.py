@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""failures_test.py PRISMO2: what stands in the way of the settings file is said, and nothing else is changed."""
+"""failures_test.py PRISMO2: obstacles to the settings file are reported, and nothing else changes."""
 
 import os
 import plistlib
@@ -13,7 +13,7 @@ from device import APP, CHANGED, SETTINGS, World, main, snapshot
 
 CHANGES = [["set", "enabled", "off"], ["type", "nc", "custom"], ["color", "nc", "abc"], ["clear-cache"],
            ["--app", APP, "set", "scope_enabled", "on"]]
-# What is shown where nothing can be read: the defaults.
+# What is shown if nothing can be read: the defaults.
 READS = {("get", "enabled"): "true\n", ("type", "nc"): "global\n", ("color", "nc"): "#de3027\n",
          ("store", "com.corvane.prismo2", "list", "--default", "a=1"): "a = 1\n",
          ("store", "com.corvane.prismo2", "get", "a", "--default", "a=1"): "1\n"}
@@ -36,7 +36,7 @@ class Unread(World):
 
 
 class InTheWay(Unread):
-    """Neither read nor written, where the file's place is taken by something else."""
+    """Neither read nor written if something else is in the place of the file."""
 
     def refuses(self, cause, commands=None, path=NAME):
         before = snapshot(self.settings_path.parent)
@@ -52,11 +52,11 @@ class InTheWay(Unread):
         self.settings_path.mkdir()
         self.refuses("directory")
 
-    def test_a_loop_of_links(self):
+    def test_a_link_to_itself(self):
         self.settings_path.symlink_to(NAME)
         self.refuses("Too many levels of symbolic links")
 
-    def test_two_links_that_mean_each_other(self):
+    def test_two_links_to_each_other(self):
         self.settings_path.symlink_to("other")
         (self.settings_path.parent / "other").symlink_to(NAME)
         self.refuses("Too many levels of symbolic links")
@@ -74,7 +74,7 @@ class InTheWay(Unread):
         os.chdir(here)
         self.refuses("No such device or address")
 
-    def test_a_driven_page_goes_on_and_its_session_fails(self):
+    def test_a_driven_page_continues_and_its_session_fails(self):
         self.settings_path.mkdir()
         done = self.run_command("drive", "--virtual-time", input="set enabled off\nfile\n")
         self.assertEqual(done.returncode, 1)
@@ -91,7 +91,7 @@ class InTheWay(Unread):
             self.assertIn("Not a directory", self.refusal(1, *words))
         self.assertEqual(self.settings_path.parent.read_text(), "")
 
-    def test_a_limit_to_the_size_of_files(self):
+    def test_a_file_size_limit(self):
         self.store({"kept": "x" * 8192})
         before = snapshot(self.settings_path.parent)
         limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
@@ -113,19 +113,19 @@ class Malformed(Unread):
         super().setUp()
         self.settings_path.write_bytes(self.bytes)
 
-    def test_the_defaults_are_shown_with_a_complaint(self):
+    def test_the_defaults_are_shown_with_a_problem(self):
         self.shows_defaults(str(self.root), NAME)
         self.assertEqual(self.settings_path.read_bytes(), self.bytes)
 
-    def test_a_document_is_shown_with_a_complaint_too(self):
+    def test_a_json_document_is_printed_with_a_problem_too(self):
         done = self.run_command("get", "enabled", "--json")
         self.assertEqual((done.returncode, self.document(done.stdout)), (1, {"key": "enabled", "value": True}))
         self.complaint(done.stderr)
 
-    def test_no_value_of_an_application_is_a_failure_then(self):
+    def test_a_missing_application_value_is_a_failure_then(self):
         self.assertIn(NAME, self.refusal(1, "--app", APP, "get", "enabled"))
 
-    def test_a_dry_run_agrees_with_the_real_one(self):
+    def test_a_dry_run_agrees_with_a_real_run(self):
         for words in [*CHANGES, ["store", "com.corvane.prismo2", "set", "a", "1"]]:
             for options in [], ["--json"]:
                 done = self.run_command("--dry-run", *options, *words)
@@ -135,7 +135,7 @@ class Malformed(Unread):
                 self.assertIn("write", done.stdout)
         self.assertEqual(self.settings_path.read_bytes(), self.bytes)
 
-    def test_it_is_replaced_and_its_bytes_are_kept_beside_it(self):
+    def test_it_is_replaced_and_its_bytes_are_kept_next_to_it(self):
         for number, words in enumerate([*CHANGES, ["store", "com.corvane.prismo2", "set", "a", "1"]], start=1):
             self.settings_path.write_bytes(self.bytes + b"%d" % number)
             done = self.run_command(*words)
@@ -149,7 +149,7 @@ class Malformed(Unread):
             self.assertIn(str(self.root), told)
             self.assertIsInstance(self.settings(), dict)
 
-    def test_a_failure_after_it_was_replaced_does_not_hide_where_its_bytes_are_kept(self):
+    def test_a_later_failure_does_not_hide_where_the_bytes_are_kept(self):
         (self.root / "var/run").mkdir()
         (self.root / "var/run/notify").write_text("")
         done = self.run_command("set", "enabled", "off")
@@ -159,7 +159,7 @@ class Malformed(Unread):
         name = next(path.name for path in self.settings_path.parent.iterdir() if path != self.settings_path)
         self.assertIn(name, kept)
 
-    def test_a_row_that_is_not_there_does_not_hide_that_nothing_could_be_read(self):
+    def test_a_missing_row_does_not_hide_that_the_file_could_not_be_read(self):
         done = self.run_command("--app", APP, "get", "use_album_art")
         self.assertEqual((done.returncode, done.stdout), (3, ""))
         malformed, nothing = (self.complaint(line + "\n") for line in done.stderr.splitlines())
@@ -170,7 +170,7 @@ class Malformed(Unread):
         self.run_command("set", "enabled", "off")
         self.assertEqual(self.settings(), {"enabled": False})
 
-    def test_other_shapes_are_no_dictionary_either(self):
+    def test_other_property_lists_are_malformed_too(self):
         for shape in (b"text", b"\0", plistlib.dumps(["a"]), plistlib.dumps("text"), b"bplist00" + b"\xff" * 60,
                       plistlib.dumps({"a": 1}, fmt=plistlib.FMT_BINARY)[:-9], b"<plist>" * 100000,
                       plistlib.dumps({"a": 1})[:-9], b"\xff\xfe<\0p\0"):
@@ -179,12 +179,12 @@ class Malformed(Unread):
             self.assertEqual(self.run_command("set", "enabled", "off").returncode, 0, shape[:20])
             self.assertEqual(self.settings(), {"enabled": False})
 
-    def test_a_dry_session_tells_of_it_once(self):
+    def test_a_dry_session_reports_it_once(self):
         done = self.run_command("drive", "--dry-run", "--virtual-time", input="set enabled off\nset enabled on\n")
         self.assertEqual(done.returncode, 0)
         self.assertIn("would be replaced", self.complaint(done.stderr))
 
-    def test_a_driven_page_goes_on(self):
+    def test_a_driven_page_continues(self):
         done = self.run_command("drive", "--virtual-time", input="file\nset enabled off\nfile\n")
         answers = [device.json.loads(line) for line in done.stdout.splitlines()]
         self.assertEqual([answer.get("file") for answer in answers], [None, None, {"enabled": False}])
@@ -193,7 +193,7 @@ class Malformed(Unread):
 
 
 class BeyondTheLimits(Unread):
-    """Valid, and more than is read: never taken for a malformed one."""
+    """Valid, but more than is read: never treated as malformed."""
 
     def test_it_is_neither_read_nor_replaced(self):
         cause = "More than a property list may hold here"
@@ -208,7 +208,7 @@ class BeyondTheLimits(Unread):
 
 
 class Unwritable(World):
-    def test_a_character_that_xml_does_not_have_is_never_written(self):
+    def test_a_character_that_xml_lacks_is_never_written(self):
         self.store({"kept": "\x01"}, plistlib.FMT_BINARY)
         before = snapshot(self.settings_path.parent)
         self.assertTrue(self.refusal(1, "set", "enabled", "off").endswith(
@@ -217,7 +217,7 @@ class Unwritable(World):
 
 
 class DryRun(World):
-    """Says what stands in the way of the real run, in the same words and with the same exit, and changes nothing."""
+    """Reports the obstacles of the real run in the same words and with the same exit code, and changes nothing."""
 
     def agrees(self, cause, *words):
         before = snapshot(self.home)
@@ -232,12 +232,12 @@ class DryRun(World):
     def refuses(self, cause, *words):
         self.assertNotIn("would write", self.agrees(cause, *words).stdout)
 
-    def test_a_root_that_is_not_there(self):
+    def test_a_missing_root(self):
         self.refuses("No such file", "--root", str(self.home / "missing"), "set", "enabled", "off")
         self.environment["PRISMO2_ROOT"] = str(self.home / "missing")
         self.refuses("No such file", "set", "enabled", "off")
 
-    def test_a_link_to_a_directory_that_is_not_there(self):
+    def test_a_link_to_a_missing_directory(self):
         self.settings_path.symlink_to("/nowhere/file")
         self.refuses("No such file", "set", "enabled", "off")
 
@@ -247,7 +247,7 @@ class DryRun(World):
         for words in CHANGES:
             self.refuses("Not a directory", *words)
 
-    def test_a_value_that_no_file_holds(self):
+    def test_a_value_that_no_file_can_hold(self):
         self.refuses("XML", "store", "com.example.x", "set", "a", "\x01", "--string")
 
     def test_a_file_beyond_the_limits(self):
@@ -255,7 +255,7 @@ class DryRun(World):
         for words in CHANGES:
             self.refuses("More than a property list may hold here", *words)
 
-    def test_a_directory_in_the_place_of_the_file(self):
+    def test_a_directory_in_place_of_the_file(self):
         self.settings_path.mkdir()
         for words in CHANGES:
             self.refuses("directory", *words)
@@ -266,7 +266,7 @@ class DryRun(World):
         for words in [*CHANGES, ["post", "a.b"], ["drive", "/dev/null"]]:
             self.agrees("var/run/notify: Not a directory", *words)
 
-    def test_nothing_in_the_way_is_no_failure(self):
+    def test_without_an_obstacle_it_succeeds(self):
         shutil.rmtree(self.root / "var")
         (self.root / "User").unlink()
         for words in [*CHANGES, ["post", "a.b"]]:
@@ -278,7 +278,7 @@ class Output(World):
         super().setUp()
         self.install(APP, "Example")
 
-    def test_an_output_without_room_is_a_failure(self):
+    def test_a_full_output_is_a_failure(self):
         for words in (["rows"], ["rows", "--json"], ["get", "enabled"], ["apps"], ["color", "nc"], ["type", "nc"],
                       ["--help"]):
             with open("/dev/full", "w", encoding="ascii") as full:
@@ -299,7 +299,7 @@ class Output(World):
             self.run_command("rows", prefix=["/bin/sh", "-c", f'exec "$@" {redirection}', "sh"])
             self.assertEqual(self.settings(), {"enabled": False})
 
-    def test_a_reader_that_left_ends_a_watcher(self):
+    def test_a_closed_pipe_ends_a_watcher(self):
         watcher = self.start("watch")
         watcher.stdout.close()
         deadline = time.monotonic() + device.TIMEOUT
@@ -317,7 +317,7 @@ class Script(World):
         loop.symlink_to("loop")
         self.assertIn("loop: Too many levels", self.refusal(1, "drive", str(loop)))
 
-    def test_one_without_a_line_does_nothing(self):
+    def test_an_empty_script_does_nothing(self):
         self.assertEqual(self.ask("drive", "/dev/null"), "")
         self.assertFalse((self.root / SETTINGS).exists())
 

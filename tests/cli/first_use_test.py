@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""first_use_test.py PRISMO2: a person's first use of an empty device, told line by line as it always was.
+"""first_use_test.py PRISMO2: a person's first use of an empty device, compared line by line with a golden file.
 
 With --write as the second argument the expected answers are written anew, to be read before they are kept.
 """
@@ -19,7 +19,7 @@ WRITE = "--write" in sys.argv
 
 
 def readable(text):
-    """The answers, each row on a line of its own, with this year's number taken out of the footer."""
+    """The answers, each row on its own line, without this year's number in the footer."""
     lines = []
     for answer in map(json.loads, text.splitlines()):
         rows = answer.pop("rows", [])
@@ -37,23 +37,23 @@ class FirstUse(World):
         self.assertEqual((done.returncode, done.stderr), (3, ""), "the last tap on the banner finds none")
         return readable(done.stdout)
 
-    def test_it_is_as_it_always_was(self):
+    def test_answers_match_the_golden_file(self):
         told = self.played()
         if WRITE:
             EXPECTED.write_text(told)
         self.assertEqual(told.splitlines(), EXPECTED.read_text().splitlines())
 
-    def test_it_left_the_settings_that_were_chosen(self):
+    def test_the_chosen_settings_are_in_the_file(self):
         self.played()
         self.assertEqual(self.settings(), {
             APP + "_scope_enabled": True, APP + "_keyboard_color_type": 2,
             APP + "_keyboard_color": "#3366ff:1.000000", "use_album_art": True})
 
-    def test_a_dry_run_tells_the_same_and_changes_nothing(self):
+    def test_a_dry_run_gives_the_same_answers_and_changes_nothing(self):
         before = device.snapshot(self.root)
         told = self.played("--dry-run")
         self.assertEqual(device.snapshot(self.root), before)
-        # The device in memory answers no question about the installed package.
+        # The device in memory knows nothing about the installed package.
         self.assertEqual(told.splitlines(),
                          EXPECTED.read_text().replace(f"Version: {device.VERSION}\\n", "").splitlines())
 

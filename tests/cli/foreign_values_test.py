@@ -26,7 +26,7 @@ CHANGES = [(["set", "enabled", "off"], {"enabled": False}), (["type", "nc", "cus
 
 
 def typed(value):
-    """With the types told, since 1, 1.0 and True are equal, as 0.0 and -0.0 are."""
+    """With types, since 1, 1.0 and True are equal, and so are 0.0 and -0.0."""
     if isinstance(value, dict):
         return {key: typed(each) for key, each in value.items()}
     if isinstance(value, list):
@@ -41,26 +41,26 @@ class ForeignValues(World):
             self.ask(*words)
             self.assertEqual(typed(self.settings()), typed(values | change), words)
 
-    def test_of_a_text_file(self):
+    def test_xml_file(self):
         self.changed(VALUES, plistlib.FMT_XML)
 
-    def test_of_a_binary_file(self):
+    def test_binary_file(self):
         self.changed(VALUES, plistlib.FMT_BINARY)
 
-    def test_uids_of_a_binary_file_in_the_form_that_text_has_for_them(self):
+    def test_uids_of_a_binary_file_are_kept_in_their_xml_form(self):
         self.store({"uid": plistlib.UID(5), "large": [plistlib.UID(2**32 - 1)]}, plistlib.FMT_BINARY)
         self.ask("set", "enabled", "off")
         self.assertEqual(self.settings(), {"uid": {"CF$UID": 5}, "large": [{"CF$UID": 2**32 - 1}], "enabled": False})
 
-    def test_dates_of_a_binary_file_to_the_second(self):
+    def test_dates_of_a_binary_file_are_kept_to_the_second(self):
         self.store({"date": datetime.datetime(2015, 3, 4, 5, 6, 7, 750000)}, plistlib.FMT_BINARY)
         self.ask("set", "enabled", "off")
         self.assertEqual(self.settings(), {"date": datetime.datetime(2015, 3, 4, 5, 6, 7), "enabled": False})
 
-    def test_many_keys(self):
+    def test_many_keys_are_kept(self):
         self.changed({f"com.example.app{n}_keyboard_color_type": n % 3 for n in range(3000)}, plistlib.FMT_BINARY)
 
-    def test_they_are_shown(self):
+    def test_other_kinds_are_shown_as_json(self):
         self.store(VALUES | {"uid": plistlib.UID(5)}, plistlib.FMT_BINARY)
         shown = self.ask_json("store", "com.corvane.prismo2", "list")["values"]
         self.assertEqual(shown["date"], "2015-03-04T05:06:07Z")
@@ -72,7 +72,7 @@ class ForeignValues(World):
                                                            "c": [True, "d", "2001-01-01T00:00:00Z"]}]]})
         self.assertEqual(set(shown), set(VALUES) | {"uid"})
 
-    def test_a_file_without_anything_in_it_is_no_problem(self):
+    def test_an_empty_file_is_not_a_problem(self):
         self.settings_path.write_bytes(b"")
         self.ask("set", "enabled", "off")
         self.assertEqual(self.settings(), {"enabled": False})

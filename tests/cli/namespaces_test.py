@@ -23,7 +23,7 @@ NOBODY = 65534
 REASON = "mount namespaces are not permitted here"
 NAMESPACES = namespaces_work()
 
-# The settings' directory becomes a disk of its own. Afterwards it must be what it was.
+# The settings directory becomes a disk. Afterwards it must be unchanged.
 ON_DISK = """
 mount -t tmpfs -o size=64k none "$DISK"
 cd "$DISK"
@@ -53,7 +53,7 @@ class Disks(World):
             self.on_disk("No space left on device", *words, prepare="true" + self.FULL)
 
     def test_a_full_disk_keeps_the_file(self):
-        # What is written in place may find room in the file itself.
+        # A file that is written in place may have room itself.
         for words in CHANGES[:-1]:
             self.on_disk("No space left on device", *words, prepare="cp {content} " + NAME + self.FULL)
         self.on_disk("No space left on device", "store", "com.corvane.prismo2", "set", "a", "x" * 8192,
@@ -88,7 +88,7 @@ class Disks(World):
 
 
 class Permissions(World):
-    """As a user who may not."""
+    """As a user without permissions."""
 
     def setUp(self):
         super().setUp()
@@ -121,30 +121,30 @@ class Permissions(World):
             self.assertIn(NAME + ": Permission denied", self.complaint(done.stderr), words)
         self.assertEqual(self.run_command("get", "enabled", prefix=self.prefix).stdout, "true\n")
 
-    def test_permission_given_it_works(self):
+    def test_with_permission_it_works(self):
         self.ask("set", "enabled", "on", prefix=self.prefix)
         self.assertEqual(self.settings(), {"enabled": True})
 
-    def test_a_file_that_may_not_be_read_is_neither_read_nor_replaced(self):
+    def test_an_unreadable_file_is_not_replaced(self):
         self.restricted(self.settings_path, 0)
         before = snapshot(self.settings_path.parent)
         self.refuses(CHANGES)
         self.shows_defaults()
         self.assertEqual(snapshot(self.settings_path.parent), before)
 
-    def test_a_directory_that_may_not_be_written(self):
+    def test_a_read_only_directory(self):
         self.restricted(self.settings_path.parent, 0o555)
         before = snapshot(self.settings_path.parent)
-        self.refuses(CHANGES[:-1])  # a store writes into the file itself, which it may
+        self.refuses(CHANGES[:-1])  # a store writes in place, which is permitted
         self.assertEqual(snapshot(self.settings_path.parent), before)
         self.assertEqual(self.ask("get", "enabled", prefix=self.prefix), "false\n")
 
-    def test_a_file_that_may_not_be_written_in_place(self):
+    def test_a_read_only_file_written_in_place(self):
         self.restricted(self.settings_path, 0o444)
         self.refuses(CHANGES[-1:])
         self.assertEqual(self.settings(), {"enabled": False})
 
-    def test_a_root_that_may_not_be_entered(self):
+    def test_a_root_that_cannot_be_entered(self):
         self.restricted(self.root, 0)
         self.refuses([*CHANGES, ["post", "a.b"]])
         self.shows_defaults()
@@ -163,7 +163,7 @@ class Tool(World):
         return namespace(f'mount --bind "{path}" /usr/bin/killall')
 
     def told(self, count=1):
-        """The arguments with which the tool was started so many times; nobody waits for it."""
+        """The arguments of that many starts of the tool; the command does not wait for it."""
         deadline = time.monotonic() + device.TIMEOUT
         while len(list(self.home.glob("told.*"))) < count and time.monotonic() < deadline:
             time.sleep(0.005)
@@ -189,7 +189,7 @@ class Tool(World):
         self.assertEqual([answer.get("result") for answer in answers], [None, None, 0, 0])
         self.assertEqual(self.told(3), ["-9 SpringBoard\n", "-9 backboardd\n", "-TERM SpringBoard\n"])
 
-    def test_what_the_tool_prints_stands_in_no_answer(self):
+    def test_output_of_the_tool_is_in_no_answer(self):
         prefix = self.stub("#!/bin/sh\necho noise\n")
         done = self.run_command("drive", input="kill x l\nstate\n", prefix=prefix)
         self.assertEqual([json.loads(line)["ok"] for line in done.stdout.splitlines()], [True, True])
@@ -197,12 +197,12 @@ class Tool(World):
         done = self.run_command("respring", "--json", prefix=prefix)
         self.assertEqual((json.loads(done.stdout), done.stderr), ({"started": True}, "noise\n"))
 
-    def test_a_tool_without_any_output_starts_as_well(self):
+    def test_the_tool_starts_without_an_output_too(self):
         prefix = self.recorder() + ["/bin/sh", "-c", 'exec "$@" >&- 2>&-', "sh"]
         self.run_command("respring", prefix=prefix)
         self.assertEqual(self.told(), ["-9 backboardd\n"])
 
-    def test_a_dry_run_does_not(self):
+    def test_a_dry_run_does_not_start_the_tool(self):
         prefix = self.recorder()
         self.ask("--dry-run", "respring", prefix=prefix)
         self.run_command("drive", "--dry-run", input="kill SpringBoard\nset enabled off\nbanner\n", prefix=prefix)

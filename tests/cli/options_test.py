@@ -32,19 +32,18 @@ class Options(World):
         self.ask("store", "com.example.x", "set", "--", "key", "-1")
         self.assertEqual(self.ask("store", "com.example.x", "get", "key"), "-1\n")
 
-
     def test_a_value_may_be_empty_in_both_spellings(self):
         for words in ["--app", "", "rows"], ["--app=", "rows"], ["rows", "--app="]:
             self.assertIn("No App Selected", self.ask(*words), words)
         self.assertEqual(self.ask("store", "com.example.x", "--notify=", "list"), "")
 
-    def test_behind_two_dashes_a_word_stays_as_it_is(self):
+    def test_after_two_dashes_a_word_stays_as_it_is(self):
         self.ask("store", "com.example.x", "set", "--", "--key=", "1")
         self.assertEqual(self.ask("store", "com.example.x", "list"), "--key= = 1\n")
 
 
 class Scope(World):
-    def test_an_application_has_keys_of_its_own(self):
+    def test_an_application_has_its_own_keys(self):
         self.ask("--app", APP, "set", "keyboard_color_type", "custom")
         self.ask("--app", APP, "set", "keyboard_color", "#abc")
         self.assertEqual(self.settings(), {APP + "_keyboard_color_type": 2,
@@ -72,14 +71,14 @@ class Root(World):
         del self.environment["PRISMO2_ROOT"]
         self.default = self.home / ".local/share/prismo2/device"
 
-    def test_the_option_goes_before_the_variable(self):
+    def test_the_option_overrides_the_variable(self):
         for name in "one", "two":
             (self.home / name).mkdir()
         self.ask("--root", "one", "set", "enabled", "off", environment={"PRISMO2_ROOT": str(self.home / "two")})
         self.assertTrue((self.home / "one" / SETTINGS).exists())
         self.assertEqual(list((self.home / "two").iterdir()), [])
 
-    def test_the_variable_goes_before_the_default(self):
+    def test_the_variable_overrides_the_default(self):
         self.root.mkdir()
         self.ask("set", "enabled", "off", environment={"PRISMO2_ROOT": str(self.root)})
         self.assertEqual(self.settings(), {"enabled": False})
@@ -114,7 +113,7 @@ class Root(World):
             self.ask("--dry-run", *words)
         self.assertFalse((self.home / ".local").exists())
 
-    def test_a_root_that_was_named_is_not_made(self):
+    def test_a_named_root_is_not_made(self):
         missing = str(self.home / "missing")
         self.assertIn(missing, self.refusal(1, "--root", missing, "rows"))
         self.assertIn(missing, self.refusal(1, "get", "enabled", environment={"PRISMO2_ROOT": missing}))
@@ -133,7 +132,7 @@ class Root(World):
         del self.environment["HOME"]
         self.assertIn("--root", self.refusal(1, "rows"))
 
-    def test_a_relative_home_or_data_directory_is_none(self):
+    def test_a_relative_home_or_data_directory_is_ignored(self):
         self.ask("rows", environment={"XDG_DATA_HOME": "data"})
         self.assertTrue(self.default.exists())
         shutil.rmtree(self.home / ".local")
@@ -160,7 +159,7 @@ class DryRun(World):
                 self.run_command("--dry-run", *options, *words)
                 self.assertEqual(snapshot(self.home), before, (words, options))
 
-    def test_driven_pages_leave_it_too(self):
+    def test_driven_pages_leave_the_tree_alone_too(self):
         before = snapshot(self.home)
         self.play_dry("tap enabled", "tap clearIconColorCache", "kill backboardd", f"post {CHANGED}", "share", "send")
         self.assertEqual(snapshot(self.home), before)
@@ -178,13 +177,13 @@ class DryRun(World):
         self.assertEqual(self.ask("--dry-run", "store", "com.example.x", "set", "a", "1", "--notify", "a.b"),
                          "would write /var/mobile/Library/Preferences/com.example.x.plist\nwould post a.b\n")
 
-    def test_its_document_tells_it_too(self):
+    def test_its_document_lists_the_effects(self):
         document = self.ask_json("--dry-run", "set", "enabled", "off")
         self.assertEqual(document, {"key": "enabled", "value": False, "effects": [
             {"kind": "write", "path": "/User/Library/Preferences/com.corvane.prismo2.plist"},
             {"kind": "post", "name": CHANGED}]})
 
-    def test_a_link_that_would_be_opened_is_told(self):
+    def test_it_names_the_link_that_it_would_open(self):
         self.assertEqual(self.ask("--dry-run", "package"), "would openURL cydia://package/com.corvane.splashtoner\n")
 
     def test_it_works_on_a_copy_of_the_root(self):

@@ -22,12 +22,12 @@ class Documents(World):
         self.assertEqual(self.ask_json("get", "nc_color_type"), {"key": "nc_color_type", "value": 0})
         self.assertEqual(self.ask_json("get", "nc_color"), {"key": "nc_color", "value": "#de3027"})
 
-    def test_get_of_nothing_says_null(self):
+    def test_get_of_a_missing_value_prints_null(self):
         done = self.run_command("--app", APP, "--json", "get", "enabled")
         self.assertEqual((done.returncode, done.stderr), (3, ""))
         self.assertEqual(self.document(done.stdout), {"key": "enabled", "value": None})
 
-    def test_set_tells_the_new_value(self):
+    def test_set_prints_the_new_value(self):
         self.assertEqual(self.ask_json("set", "enabled", "no"), {"key": "enabled", "value": False})
         self.assertEqual(self.ask_json("set", "nc_color_type", "custom"), {"key": "nc_color_type", "value": 2})
 
@@ -68,7 +68,7 @@ class Documents(World):
 
 
 class Texts(World):
-    """Without --json what is asked for is printed, and nothing where nothing is."""
+    """Without --json, commands print what was asked for, or nothing."""
 
     def test_get_prints_the_bare_value(self):
         self.store({"enabled": False, "nc_color_type": 1, "global_color": "#12ab34:0.500000"})
@@ -76,17 +76,17 @@ class Texts(World):
         self.assertEqual(self.ask("get", "nc_color_type"), "1\n")
         self.assertEqual(self.ask("get", "global_color"), "#12ab34:0.500000\n")
 
-    def test_what_cannot_be_shown_is_a_question_mark(self):
+    def test_unprintable_characters_show_as_question_marks(self):
         self.install(b"com.example.\xc3\xa9".decode(), "a\x07b\x85c\u2028d")
         self.assertEqual(self.ask("apps"), "System Applications\n  com.example.\u00e9  a?b?c\u2028d\n")
         done = self.run_command(b"a\xffb\xe2\x82\xc3\xa9\xc2\x9b\xed\xa0\x80")
         self.assertEqual(done.stderr, "prismo2: unknown command 'a?b??\u00e9????'\n")
 
-    def test_get_of_nothing_prints_nothing(self):
+    def test_get_of_a_missing_value_prints_nothing(self):
         done = self.run_command("--app", APP, "get", "enabled")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
 
-    def test_what_changes_something_is_silent(self):
+    def test_changes_are_silent(self):
         for words in (["set", "enabled", "off"], ["type", "nc", "custom"], ["color", "nc", "abc"], ["clear-cache"],
                       ["post", "a.b"], ["store", "com.example.x", "set", "a", "1"],
                       ["store", "com.example.x", "remove", "a"]):
@@ -104,8 +104,8 @@ class Texts(World):
             self.assertIn(f"\n  {command} ", text)
             self.assertIn(f"Usage: prismo2 {command}", self.ask(command, "--help"))
 
-    def test_help_tells_which_arguments_are_required(self):
-        self.assertRegex(self.ask("color", "--help"), r"\n  ELEMENT \(required\) +[^\n]*\n  COLOUR \(optional\) ")
+    def test_help_says_which_arguments_are_required(self):
+        self.assertRegex(self.ask("color", "--help"), r"\n  ELEMENT \(required\) +[^\n]*\n  COLOR \(optional\) ")
         self.assertIn("KEY (required)", self.ask("store", "com.example.x", "set", "--help"))
 
     def test_version(self):
@@ -157,7 +157,7 @@ class ExitCodes(World):
         ("store", "com.example.x", "nonsense"): "unknown command 'nonsense' of 'store'",
         (): "a command is missing; 'prismo2 --help' lists them",
         ("store", "a"): "a command of 'store' is missing; 'prismo2 store --help' lists them",
-        **dict.fromkeys([("type", "nonsense"), ("color", "nonsense")], "unknown element 'nonsense', none of "
+        **dict.fromkeys([("type", "nonsense"), ("color", "nonsense")], "unknown element 'nonsense', not one of "
                         "global, keyboard, statusbar, sms, nc, cc, volume or folder"),
         ("rows", "--nonsense"): "unknown option '--nonsense'",
         ("--nonsense", "rows"): "unknown option '--nonsense'",
@@ -165,11 +165,11 @@ class ExitCodes(World):
         ("set", "enabled"): "set: VALUE is required",
         ("--root",): "--root needs a value",
         ("--app", "a", "--app", "b", "rows"): "--app is given more than once",
-        ("watch", "--count", "0"): "--count: '0' is not a number of lines from 1",
+        ("watch", "--count", "0"): "--count: '0' is not a number of lines, at least 1",
         ("watch", "--timeout", "-1"): "--timeout: '-1' is not a number of seconds from 0 to 1000000000",
     }
 
-    def test_a_complaint_about_usage_names_the_word(self):
+    def test_a_usage_error_names_the_word(self):
         for words, complaint in self.complaints.items():
             self.assertEqual(self.refusal(2, *words), complaint)
 
@@ -184,7 +184,7 @@ class ExitCodes(World):
             with self.subTest(words):
                 self.refusal(1, *words)
 
-    def test_a_link_that_an_application_opens_is_done(self):
+    def test_a_link_that_an_application_opens_succeeds(self):
         opened = self.home / "opened"
         opener = self.tool("opener", f'#!/bin/sh\necho "$1" > "{opened}.new"\nmv "{opened}.new" "{opened}"\n')
         applications = self.home / "data/applications"
@@ -199,16 +199,16 @@ class ExitCodes(World):
             time.sleep(0.005)
         self.assertEqual(opened.read_text(), "cydia://package/com.corvane.splashtoner\n")
 
-    def test_errors_are_said_without_a_document(self):
+    def test_errors_print_no_document(self):
         for words in ["get", "nonsense"], ["set", "enabled", "maybe"], ["post", "a/b"]:
             self.refusal(2, "--json", *words)
 
-    def test_a_complaint_tells_what_would_be_right(self):
+    def test_an_error_says_what_is_accepted(self):
         self.assertIn("true false on off yes no 1 0", self.refusal(2, "set", "enabled", "maybe"))
         self.assertIn("2 'custom'", self.refusal(2, "set", "nc_color_type", "maybe"))
         self.assertIn("maybe", self.refusal(2, "color", "nc", "maybe"))
 
-    def test_a_complaint_keeps_to_its_line_and_drives_no_terminal(self):
+    def test_an_error_is_one_line_without_control_characters(self):
         for words in ["get", "a\nb\x1b[31m"], ["set", "enabled", "\x9b31m\r\n"], ["post", "a/\x07"], ["no\nsense"]:
             text = self.refusal(2, *words)
             self.assertFalse([c for c in text if ord(c) < 32 or 127 <= ord(c) < 160], text)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""page_text_test.py PRISMO2: `rows` as a person reads it, plain in a pipe and coloured in a terminal."""
+"""page_text_test.py PRISMO2: `rows` as a person reads it, plain in a pipe and colored in a terminal."""
 
 import os
 import plistlib
@@ -81,7 +81,7 @@ class PageText(World):
             while chunk := os.read(here, 65536):
                 chunks.append(chunk)
         except OSError:
-            pass  # so ends a terminal
+            pass  # the end of a terminal
         os.close(here)
         self.assertEqual(process.wait(device.TIMEOUT), 0)
         return b"".join(chunks).decode().replace("\r\n", "\n")
@@ -94,28 +94,28 @@ class PageText(World):
     def test_a_line_fits_a_terminal(self):
         self.assertLessEqual(max(map(len, self.ask("rows").splitlines())), 80)
 
-    def test_a_terminal_gets_colours_and_the_same_text(self):
+    def test_a_terminal_gets_colors_and_the_same_text(self):
         told = self.terminal("rows", TERM="xterm-256color")
         self.assertIn("\x1b[48;2;51;102;255m", told)
         self.assertIn("\x1b[48;2;170;187;204m", told)
-        self.assertEqual(told.count("\x1b[48;2;"), 8, "a swatch for each colour")
+        self.assertEqual(told.count("\x1b[48;2;"), 8, "a swatch for each color")
         bare = re.sub(r"\x1b\[[0-9;]*m", "", told)
         self.assertNotIn("\x1b", bare)
         self.assertEqual(bare.split(), self.ask("rows").split())
 
-    def test_every_attribute_is_ended(self):
+    def test_every_attribute_is_reset(self):
         for line in self.terminal("rows", TERM="xterm").splitlines():
             attributes = re.findall(r"\x1b\[([0-9;]*)m", line)
             self.assertEqual(attributes[1::2], ["0"] * (len(attributes) // 2), line)
             self.assertEqual(len(attributes) % 2, 0, line)
 
-    def test_nobody_gets_colours_who_wants_none(self):
+    def test_colors_can_be_turned_off(self):
         plain = self.ask("rows")
         for environment in {"TERM": "xterm", "NO_COLOR": "1"}, {"TERM": "dumb"}, {}:
             self.assertEqual(self.terminal("rows", **environment), plain, environment)
         self.assertIn("\x1b[", self.terminal("rows", TERM="xterm", NO_COLOR=""), "an empty NO_COLOR asks for nothing")
 
-    def test_a_document_has_no_colours_in_a_terminal(self):
+    def test_json_has_no_colors_in_a_terminal(self):
         self.assertNotIn("\x1b", self.terminal("rows", "--json", TERM="xterm"))
         self.assertNotIn("\x1b", self.terminal("get", "enabled", TERM="xterm"))
 
@@ -126,11 +126,11 @@ class PageText(World):
         self.assertIn("  Custom Zürich Käse Settings Enabled off\n", text)
         self.assertIn("System  [Application]\n", text)
 
-    def test_a_choice_that_is_not_made_leaves_its_mark_in_the_column(self):
+    def test_rows_without_a_choice_stay_in_column(self):
         self.assertIn("\n  NC Enabled                        >\n", self.ask("--app", APP, "rows"))
 
     def test_names_and_values_do_not_reach_the_terminal_as_escapes(self):
-        # In seven bits and in eight.
+        # Seven-bit and eight-bit control characters.
         escapes = "\x1b[31m\x1b]0;title\x07\x7f\n", "\u009b31m\u0085", "\x1b[2J"
         for number, text in enumerate(escapes):
             self.install(f"com.example{number}", text)

@@ -33,13 +33,13 @@ class RandomDrive(World):
         spoken = [line for line in script if self.speaks(line)]
         self.assertEqual(len(answers), len(spoken), what)
         self.assertEqual(done.returncode != 0, any(not answer["ok"] for answer in answers), what)
-        # More than a few lines must do something, or this plays nothing.
+        # Many lines must do something, otherwise this tests nothing.
         self.assertGreater(sum(answer["ok"] for answer in answers), LINES / 5, what)
         self.assertEqual(done.stderr, "", what)
 
     @staticmethod
     def speaks(line):
-        """Neither empty nor a comment alone."""
+        """Neither empty nor only a comment."""
         text = line.strip(" \t\r")
         return bool(text) and not text.startswith("#")
 
@@ -47,14 +47,14 @@ class RandomDrive(World):
         if self.settings_path.exists():
             self.assertIsInstance(plistlib.loads(self.settings_path.read_bytes()), dict)
 
-    def test_on_a_device_in_memory(self):
+    def test_device_in_memory(self):
         for seed in range(5):
             self.played(seed, "--dry-run")
             self.assertFalse(self.settings_path.exists())
 
     @unittest.skipUnless(namespaces_work() and os.path.exists(TOOL), "no tool can be put in the place of killall")
-    def test_on_a_real_root(self):
-        # The banner restarts the interface, and that of the machine itself is to go on.
+    def test_real_root(self):
+        # The banner restarts the interface, which must not be the one of this machine.
         started = self.home / "started"
         stub = self.tool("killall", f'#!/bin/sh\necho "$*" >> "{started}"\n')
         for seed in range(100, 105):

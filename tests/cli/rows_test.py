@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""rows_test.py PRISMO2: `rows --json` tells every field of every row, in the page's three scopes."""
+"""rows_test.py PRISMO2: `rows --json` prints every field of every row, in the page's three scopes."""
 
 import time
 
@@ -35,7 +35,7 @@ def switch(name, key, default, value):
                value=value, **PAIR)
 
 
-def colour(name, key, swatch=FALLBACK, **properties):
+def color(name, key, swatch=FALLBACK, **properties):
     return row("link", name,
                {"prismo_key": key, "prismo_dc": FALLBACK, "cellClass": "PrismoColorCell", "PostNotification": CHANGED,
                 "NotificationListener": CHANGED} | properties,
@@ -43,10 +43,10 @@ def colour(name, key, swatch=FALLBACK, **properties):
 
 
 def following(key, swatch=FALLBACK):
-    return colour("<Using Global Color>", key, swatch, enabled=False)
+    return color("<Using Global Color>", key, swatch, enabled=False)
 
 
-def colour_type(title, value, detail="PrismoTypeItemsController", titles=THREE_TYPES):
+def color_type(title, value, detail="PrismoTypeItemsController", titles=THREE_TYPES):
     return row("linkList", f"{title} Enabled",
                {"key": f"{title.lower()}_color_type", "default": 0, "PostNotification": CHANGED}, value=value,
                detail=detail, choices=choices(titles), **PAIR)
@@ -54,12 +54,12 @@ def colour_type(title, value, detail="PrismoTypeItemsController", titles=THREE_T
 
 def global_group(prefix, value):
     return [group("Global", "Main color that is used throughout Prismo."),
-            colour("Global Color", prefix + "global_color"),
-            colour_type("Global", value, "PrismoGlobalTypeItemsController", TWO_TYPES)]
+            color("Global Color", prefix + "global_color"),
+            color_type("Global", value, "PrismoGlobalTypeItemsController", TWO_TYPES)]
 
 
 def following_group(title, prefix, value):
-    return [group(title), following(f"{prefix}{title.lower()}_color"), colour_type(title, value)]
+    return [group(title), following(f"{prefix}{title.lower()}_color"), color_type(title, value)]
 
 
 def more():
@@ -136,10 +136,10 @@ class Rows(World):
     def test_system_scope(self):
         self.page(system_page(), {"inApp": False, "app": None})
 
-    def test_application_scope_with_none_chosen(self):
+    def test_application_scope_without_an_application(self):
         self.page(unchosen_page(), {"inApp": True, "app": None}, "--app", "")
 
-    def test_application_scope_with_one_chosen(self):
+    def test_application_scope_with_an_application(self):
         self.page(application_page(), {"inApp": True, "app": APP}, "--app", APP)
 
     def test_a_choice_in_the_segment_is_a_boolean(self):
@@ -152,20 +152,20 @@ class Rows(World):
         self.assertNotIn("image",
                          self.named("Plain", "--app", "com.example.plain")["properties"].get("iconImage") or {})
 
-    def test_a_version_that_is_not_told_leaves_the_copyright_line(self):
+    def test_an_unknown_version_leaves_the_copyright_line(self):
         self.tool("dpkg", "#!/bin/sh\necho 'no such package' >&2\nexit 1\n")
         year = time.gmtime().tm_year
         self.assertEqual(self.rows()[-1]["properties"]["footerText"], f"© quillmoth 2016 - {year}\n ")
 
     # After changes
 
-    def test_values_are_those_of_the_file(self):
+    def test_values_come_from_the_file(self):
         self.store({"enabled": False, "use_album_art": True, "keyboard_color_type": 1})
         self.assertIs(self.row_of("enabled")["value"], False)
         self.assertIs(self.row_of("use_album_art")["value"], True)
         self.assertEqual(self.row_of("keyboard_color_type")["value"], 1)
 
-    def test_an_element_with_a_colour_of_its_own_has_its_name_and_swatch(self):
+    def test_a_custom_element_has_its_own_name_and_swatch(self):
         names = dict(zip(ELEMENTS, ["Global Color", "Keyboard Color", "StatusBar Color", "SMS Color",
                                     "Notification Center Color", "Control Center Color", "Volume HUD Color",
                                     "Folder Color"]))
@@ -183,11 +183,11 @@ class Rows(World):
         told = self.row_of("nc_color")
         self.assertEqual((told["name"], told["enabled"]), ("Notification Center Color", False))
 
-    def test_a_following_row_shows_the_global_colour(self):
+    def test_a_following_row_shows_the_global_color(self):
         self.ask("set", "global_color", "123456")
         self.assertEqual(self.row_of("keyboard_color")["swatch"], "#123456")
 
-    def test_in_an_application_a_following_row_shows_the_system_wide_global_colour(self):
+    def test_in_an_application_a_following_row_shows_the_system_wide_global_color(self):
         self.ask("set", "global_color", "123456")
         self.ask("--app", APP, "set", "global_color", "654321")
         self.assertEqual(self.row_of(APP + "_global_color", "--app", APP)["swatch"], "#654321")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""settings_test.py PRISMO2: get, set and type for every switch and every colour type, in both scopes."""
+"""settings_test.py PRISMO2: get, set and type for every switch and every color type, in both scopes."""
 
 import os
 
@@ -12,12 +12,12 @@ GLOBAL_TYPES = ["global", "icon color"]
 
 
 class Settings(World):
-    # The scopes, as options and key prefix; each with its elements and switches.
+    # For each scope: its options, key prefix, elements and switches.
     scopes = [([], "", ELEMENTS, ["enabled", "use_album_art"]),
               (["--app", APP], APP + "_", ELEMENTS[:-1], ["enabled", "scope_enabled"])]
 
     def holds(self, key, value, what=None):
-        """The file holds that value under that key, of that very type."""
+        """The file holds that value of exactly that type under that key."""
         found = self.settings().get(key)
         self.assertEqual((type(found), found), (type(value), value), (key, what))
 
@@ -27,7 +27,7 @@ class Settings(World):
 
 
 class Switches(Settings):
-    def test_each_word_is_a_boolean_in_the_file(self):
+    def test_each_word_is_stored_as_a_boolean(self):
         for options, prefix, _, switches in self.scopes:
             for key in switches:
                 for word in [*OFF, *ON, "TRUE", "Off", "YES"]:
@@ -61,15 +61,15 @@ class Switches(Settings):
         self.ask("--app", "not.installed", "set", "enabled", "off")
         self.holds("not.installed_enabled", False)
 
-    def test_a_value_of_another_kind_is_shown_as_the_switch_shows_it(self):
+    def test_a_value_of_another_kind_is_shown_as_by_the_switch(self):
         for value, shown in (1, True), (0, False), (2.5, True), ("yes", True), ("0", False), ("", False), (-7, True):
             self.store({"enabled": value})
             self.assertEqual(self.ask("get", "enabled"), "true\n" if shown else "false\n", value)
             self.assertIs(self.ask_json("get", "enabled")["value"], shown)
 
 
-class ColourTypes(Settings):
-    def test_numbers_and_titles_are_integers_in_the_file(self):
+class ColorTypes(Settings):
+    def test_numbers_and_titles_are_stored_as_integers(self):
         for options, prefix, elements, _ in self.scopes:
             for element in elements:
                 key = f"{element}_color_type"
@@ -96,17 +96,17 @@ class ColourTypes(Settings):
             self.refusal(2, *words)
         self.assertIsNone(self.settings())
 
-    def test_nothing_stored_is_global_in_both_scopes_of_the_chooser(self):
+    def test_the_chooser_shows_global_without_a_stored_type_in_both_scopes(self):
         for options, _, elements, _ in self.scopes:
             for element in elements:
                 self.assertEqual(self.ask(*options, "type", element), "global\n")
 
-    def test_the_chooser_does_not_look_at_the_system_wide_type_but_the_row_does(self):
+    def test_the_row_falls_back_to_the_system_wide_type_and_the_chooser_does_not(self):
         self.ask("set", "nc_color_type", "custom")
         self.assertEqual(self.ask("--app", APP, "type", "nc"), "global\n")
         self.assertEqual(self.ask("--app", APP, "get", "nc_color_type"), "2\n")
 
-    def test_a_type_that_no_choice_has_is_shown_by_its_number_alone(self):
+    def test_an_unknown_type_is_shown_only_by_its_number(self):
         self.store({"nc_color_type": 9})
         self.assertEqual(self.ask("get", "nc_color_type"), "9\n")
         done = self.run_command("type", "nc")
@@ -122,17 +122,17 @@ class File(Settings):
         self.assertEqual(self.settings(), {"enabled": False, "nc_color_type": 2, "nc_color": "#aabbcc:1.000000",
                                            APP + "_enabled": True})
 
-    def test_it_is_replaced_whole(self):
+    def test_the_file_is_replaced_as_a_whole(self):
         self.store({"enabled": True})
         with open(self.settings_path, "rb") as reader:
             before = reader.read()
             reader.seek(0)
             self.ask("set", "enabled", "off")
-            self.assertEqual(reader.read(), before, "one who reads the old file goes on reading it")
+            self.assertEqual(reader.read(), before, "a reader of the old file keeps reading it")
         self.assertEqual(self.settings(), {"enabled": False})
         self.assertEqual(os.listdir(self.settings_path.parent), [self.settings_path.name])
 
-    def test_its_mode_stays_and_a_new_one_can_be_read_by_all(self):
+    def test_the_mode_is_kept_and_a_new_file_is_readable_by_all(self):
         self.ask("set", "enabled", "off")
         self.assertEqual(self.settings_path.stat().st_mode & 0o7777, 0o644)
         self.settings_path.chmod(0o640)
@@ -154,14 +154,14 @@ class File(Settings):
         self.run_command("set", "enabled", "off")
         self.assertEqual(outside.read_bytes(), b"")
 
-    def test_clearing_the_cache_removes_its_keys_only(self):
+    def test_clearing_the_cache_removes_only_its_keys(self):
         kept = {"enabled": True, APP + "_cached_icon_color_x": "#fff", "Cached_icon_color_x": "#fff",
                 "xcached_icon_color_x": "#fff", "cached_icon_color": "#fff"}
         self.store(kept | {"cached_icon_color_" + APP: "#123456", "cached_icon_color_": 1})
         self.ask("clear-cache")
         self.assertEqual(self.settings(), kept)
 
-    def test_clearing_the_cache_makes_an_empty_file_where_there_is_none(self):
+    def test_clearing_the_cache_creates_a_missing_file_empty(self):
         self.ask("clear-cache")
         self.assertEqual(self.settings(), {})
 

@@ -17,7 +17,7 @@ class StoreWorld(World):
         self.path = self.settings_path.parent / f"{DOMAIN}.plist"
 
     def values(self, path=None):
-        """The file as the other reader sees it."""
+        """The file as another reader sees it."""
         return plistlib.loads((path or self.path).read_bytes())
 
     def store_ask(self, *words):
@@ -25,7 +25,7 @@ class StoreWorld(World):
 
 
 class Store(StoreWorld):
-    def test_values_are_typed_by_their_text(self):
+    def test_the_text_decides_the_type(self):
         texts = {"true": True, "false": False, "0": 0, "1": 1, "-1": -1, "42": 42, str(2**63 - 1): 2**63 - 1,
                  str(-(2**63)): -(2**63), "1.5": 1.5, "-0.25": -0.25, "1e3": 1000.0, "2.0": 2.0, "text": "text", "": "",
                  " 1": " 1", "1 ": "1 ", "0x10": "0x10", "TRUE": "TRUE", "yes": "yes", "nan": "nan", "inf": "inf",
@@ -35,7 +35,7 @@ class Store(StoreWorld):
             found = self.values()["key"]
             self.assertEqual((type(found), found), (type(value), value), text)
 
-    def test_as_a_string_every_value_is_text(self):
+    def test_with_the_string_option_every_value_is_text(self):
         for text in "true", "1", "1.5", "text":
             self.store_ask("set", "--string", "key", text)
             self.assertEqual(self.values(), {"key": text})
@@ -47,7 +47,7 @@ class Store(StoreWorld):
             self.assertEqual(self.store_ask("get", "key"), text + "\n")
             self.assertEqual(self.ask_json("store", DOMAIN, "get", "key")["key"], "key")
 
-    def test_get_of_nothing_is_3(self):
+    def test_get_of_a_missing_value_exits_with_3(self):
         done = self.run_command("store", DOMAIN, "get", "key")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
         self.assertFalse(self.path.exists())
@@ -73,7 +73,7 @@ class Store(StoreWorld):
         self.assertEqual(self.ask_json("store", DOMAIN, "list"),
                          {"domain": DOMAIN, "values": {"number": 1, "text": "a b"}})
 
-    def test_defaults_stand_in_for_what_the_file_has_not(self):
+    def test_defaults_stand_in_for_missing_values(self):
         self.store_ask("set", "a", "1")
         defaults = ["--default", "a=5", "--default", "b=2.5", "--default", "c==x=", "--default", "d="]
         self.assertEqual(self.ask_json("store", DOMAIN, *defaults, "list")["values"],
@@ -98,7 +98,7 @@ class Store(StoreWorld):
         self.assertFalse(self.path.exists())
         self.assertEqual(self.store_ask("get", "a", "--path", "/User/Library/Other/x.plist"), "1\n")
 
-    def test_with_another_path_the_own_file_is_not_read(self):
+    def test_with_another_path_the_domain_file_is_not_read(self):
         self.path.write_text("no property list")
         self.store_ask("--path", "/User/x.plist", "set", "a", "1")
         self.assertEqual(self.store_ask("--path", "/User/x.plist", "list", "--default", "b=2"), "a = 1\nb = 2\n")
@@ -118,12 +118,12 @@ class Store(StoreWorld):
         self.run_command("store", DOMAIN, "--path", str(outside), "set", "a", "1")
         self.assertFalse(outside.exists())
 
-    def test_a_directory_beyond_the_home_is_not_made(self):
+    def test_a_directory_outside_the_home_is_not_made(self):
         self.assertIn("/nowhere/x.plist",
                       self.refusal(1, "store", DOMAIN, "--path", "/nowhere/x.plist", "set", "a", "1"))
         self.assertFalse((self.root / "nowhere").exists())
 
-    def test_what_is_no_domain_is_wrong_usage(self):
+    def test_an_invalid_domain_is_wrong_usage(self):
         for domain in "../x", "", "a/b", "/", "a/", "/a", "../../x":
             for words in ["set", "a", "1"], ["get", "a"], ["list"], ["remove", "a"]:
                 self.refusal(2, "store", domain, *words)
@@ -134,7 +134,7 @@ class Store(StoreWorld):
                       ["--notify", "a/b", "list"], ["--notify", "a.b", "watch", "--count", "0"], ["get", "a", "b"]):
             self.refusal(2, "store", DOMAIN, *words)
 
-    def test_the_scope_of_the_page_means_nothing_here(self):
+    def test_the_page_scope_has_no_effect(self):
         self.ask("--app", "com.example.app", "store", DOMAIN, "set", "a", "1")
         self.assertEqual(self.values(), {"a": 1})
 
@@ -146,7 +146,7 @@ class Notifications(StoreWorld):
         return watcher
 
     def await_listener(self, watcher):
-        # It answers to a post once it listens, and to each later one with another line.
+        # It prints a line for a post once it listens, and another line for each later post.
         for _ in range(200):
             self.ask("post", "x.changed")
             if select.select([watcher.stdout], [], [], 0.2)[0]:
@@ -167,13 +167,13 @@ class Notifications(StoreWorld):
         self.store_ask("remove", "a", "--notify", "x.changed")
         self.assertEqual(self.line(watcher), {"domain": DOMAIN, "values": {"b": 7}})
 
-    def test_without_a_name_nobody_is_told(self):
+    def test_without_a_name_nothing_is_posted(self):
         watcher = self.start("watch", "x.changed", "com.corvane.prismo2.changed", "--timeout", "0.5")
         self.store_ask("set", "a", "1")
         self.store_ask("set", "a", "2", "--notify", "other")
         self.assertEqual(watcher.communicate(timeout=device.TIMEOUT)[0], "")
 
-    def test_watching_ends_as_it_is_told(self):
+    def test_watching_ends_at_its_limits(self):
         self.assertEqual(self.store_ask("watch", "--notify", "x.changed", "--timeout", "0.1"), "")
         watcher = self.start("store", DOMAIN, "watch", "--notify", "x.changed", "--count", "1")
         self.store_ask("set", "a", "1")

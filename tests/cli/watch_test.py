@@ -54,7 +54,7 @@ class Watch(World):
             self.ask(*words)
             self.assertEqual(self.line(watcher), CHANGED + "\n", words)
 
-    def test_a_colour_is_in_the_file_as_text_and_its_change_is_told(self):
+    def test_a_color_is_stored_as_text_and_its_change_is_seen(self):
         watcher = self.watching()
         self.ask("color", "keyboard", "3366ff")
         self.assertEqual(self.line(watcher), CHANGED + "\n")
@@ -69,7 +69,7 @@ class Watch(World):
             self.assertIs(self.settings()["enabled"], value)
             self.assertEqual(self.finish(setter), (0, "", ""))
 
-    def test_reading_notifies_nobody(self):
+    def test_reading_posts_nothing(self):
         watcher = self.watching("--timeout", "0.5")
         self.ask("get", "enabled")
         self.ask("rows")
@@ -77,7 +77,7 @@ class Watch(World):
         self.refusal(2, "set", "enabled", "maybe")
         self.assertEqual(self.finish(watcher), (0, "", ""))
 
-    def test_it_ends_after_so_many_lines(self):
+    def test_count_ends_it_after_that_many_lines(self):
         watcher = self.watching("--count", "2")
         for _ in range(2):
             self.assertIsNone(watcher.poll())
@@ -85,12 +85,12 @@ class Watch(World):
             self.line(watcher)
         self.assertEqual(self.finish(watcher), (0, "", ""))
 
-    def test_it_ends_after_so_many_seconds(self):
+    def test_timeout_ends_it_after_that_many_seconds(self):
         began = time.monotonic()
         self.assertEqual(self.ask("watch", "--timeout", "0.4"), "")
         self.assertGreaterEqual(time.monotonic() - began, 0.4)
 
-    def test_until_then_it_goes_on(self):
+    def test_without_limits_it_continues(self):
         watcher = self.watching()
         time.sleep(0.3)
         self.assertIsNone(watcher.poll())
@@ -111,12 +111,12 @@ class Watch(World):
             self.ask("post", name)
             self.assertEqual(json.loads(self.line(watcher))["name"], name)
 
-    def test_a_name_that_is_given_twice_is_watched_once(self):
+    def test_a_repeated_name_is_watched_once(self):
         watcher = self.watching("a.b", "a.b", "--timeout", "0.5")
         self.ask("post", "a.b")
         self.assertEqual(self.finish(watcher), (0, "a.b\n", ""))
 
-    def test_a_problem_is_told_when_it_comes(self):
+    def test_a_problem_is_reported_when_it_occurs(self):
         watcher = self.watching()
         place = self.root / "var/run"
         while not place.is_file():  # the watcher makes a directory that is gone again, and may be the first to do so
@@ -130,7 +130,7 @@ class Watch(World):
         self.assertIn("var/run/notify", self.complaint(watcher.stderr.readline()))
         self.assertIsNone(watcher.poll())
 
-    def test_a_watch_with_problems_has_failed(self):
+    def test_a_watch_with_problems_fails(self):
         store = self.start("store", "com.example.x", "watch", "--notify", "a.b", "--count", "2")
         self.wait_for(store)
         path = self.settings_path.parent / "com.example.x.plist"
@@ -140,7 +140,7 @@ class Watch(World):
             self.assertIn(str(path), self.complaint(store.stderr.readline()))
         self.assertEqual(self.finish(store), (1, "", ""))
 
-    def test_every_watcher_is_told(self):
+    def test_every_watcher_sees_a_change(self):
         watchers = [self.watching("--count", "1") for _ in range(5)]
         self.ask("set", "enabled", "off")
         for watcher in watchers:

@@ -1,4 +1,4 @@
-# complete.bash COMPLETIONS WORD…: what bash offers for the last word, one on each line, as it would be typed.
+# complete.bash COMPLETIONS WORD…: prints what bash offers for the last word, one per line, as it would be typed.
 source "$1/prismo2.bash"
 shift
 COMP_WORDS=("$@")

@@ -1,6 +1,6 @@
-# complete.zsh COMPLETIONS LINE: what zsh offers at the end of that line, one on each line after "offer:", and, after
-# "line:", what it makes of the line.
-# An interactive shell of its own is asked, since completion needs a line editor. It says what it would offer.
+# complete.zsh COMPLETIONS LINE: prints what zsh offers at the end of that line, one per line after "offer:", and, after
+# "line:", the completed line.
+# It asks a separate interactive shell, since completion needs a line editor. That shell reports its offers.
 zmodload zsh/zpty
 
 print_until() {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """packaging_test.py PRISMO2: the man page and the completions say what the program does.
 
-The shells are asked what they offer, and the program's own rows are what it is compared with.
+The shells report what they offer, which is compared with the program's own rows.
 """
 
 import json
@@ -47,7 +47,7 @@ class World(unittest.TestCase):
         return json.loads(self.ask(*options, "rows", "--json"))["rows"]
 
     def keys(self):
-        """The unscoped keys of all rows, those of an application among them."""
+        """The unscoped keys of all rows, including those of an application."""
         keys = set()
         for options in [], ["--app", APPLICATION]:
             for row in self.rows(*options):
@@ -68,31 +68,31 @@ class World(unittest.TestCase):
         return present
 
     def options(self, *commands):
-        """The general ones and those of these commands, as the help tells them."""
+        """The general options and those of these commands, from the help."""
         asked = [["--help"]] + [[command, "--help"] for command in commands]
         return set(re.findall(r"--[a-z][a-z-]*", "".join(self.ask(*words) for words in asked)))
 
 
 class Completion:
-    """What holds for every shell. `offers` gives the set of words offered at the end of a line, `completed` the line
-    with the only one of them in it, as the shell types it.
+    """Tests for every shell. `offers` returns the set of words offered at the end of a line, `completed` the line with
+    the only offered word in it, as the shell types it.
     """
 
-    def test_commands_are_those_of_the_program(self):
+    def test_commands_match_the_program(self):
         self.assertEqual(self.offers("prismo2 "), self.commands())
 
-    def test_a_beginning_narrows_the_offer(self):
+    def test_a_prefix_narrows_the_offer(self):
         self.assertEqual(self.offers("prismo2 ge"), {"get"})
 
-    def test_keys_are_those_of_the_rows(self):
+    def test_keys_match_the_rows(self):
         self.assertEqual(self.offers("prismo2 get "), self.keys())
         self.assertEqual(self.offers("prismo2 --json set "), self.keys())
 
-    def test_elements_are_those_of_the_rows(self):
+    def test_elements_match_the_rows(self):
         self.assertEqual(self.offers("prismo2 type "), self.elements())
         self.assertEqual(self.offers("prismo2 color "), self.elements())
 
-    def test_colour_types_are_those_of_the_choosers(self):
+    def test_color_types_match_the_choosers(self):
         for row in self.rows():
             key = row["properties"].get("key", "")
             if key.endswith("_color_type"):
@@ -100,13 +100,13 @@ class Completion:
                 self.assertEqual(self.offers(f"prismo2 set {key} "), titles)
                 self.assertEqual(self.offers(f"prismo2 type {key.removesuffix('_color_type')} "), titles)
 
-    def test_offered_switch_values_are_taken(self):
+    def test_offered_switch_values_are_accepted(self):
         values = self.offers("prismo2 set enabled ")
         self.assertEqual(len(values), 6)
         for value in values:
             self.ask("set", "enabled", value)
 
-    def test_options_are_those_of_the_program(self):
+    def test_options_match_the_program(self):
         for command in self.commands():
             self.assertEqual(self.offers(f"prismo2 {command} --"), self.options(command))
 
@@ -119,7 +119,7 @@ class Completion:
             "<key>CFBundleDisplayName</key><string>Example</string>"
             "<key>CFBundleExecutable</key><string>Example</string></dict></plist>\n")
 
-    def test_applications_are_those_of_the_device_root(self):
+    def test_applications_come_from_the_device_root(self):
         self.install(APPLICATION)
         del self.environment["PRISMO2_ROOT"]
         self.assertIn(APPLICATION, self.offers(f"prismo2 --root {self.root} --app com.ex"))
@@ -163,16 +163,16 @@ class BashCompletion(Completion, World):
 class ZshCompletion(Completion, World):
     shell = "zsh"
 
-    def told(self, what, line):
+    def printed(self, what, line):
         done = run("zsh", "-f", HERE / "complete.zsh", COMPLETIONS, line, env=self.environment)
         self.assertEqual(done.stderr, "")
-        return [told.removeprefix(what) for told in done.stdout.splitlines() if told.startswith(what)]
+        return [text.removeprefix(what) for text in done.stdout.splitlines() if text.startswith(what)]
 
     def offers(self, line):
-        return {word.replace("\\", "") for word in self.told("offer:", line)}
+        return {word.replace("\\", "") for word in self.printed("offer:", line)}
 
     def completed(self, line):
-        return self.told("line:", line)[0]
+        return self.printed("line:", line)[0]
 
     def test_the_shell_can_read_it(self):
         self.assertEqual(run("zsh", "-n", COMPLETIONS / "_prismo2").stderr, "")
@@ -182,17 +182,17 @@ class ZshCompletion(Completion, World):
 class FishCompletion(Completion, World):
     shell = "fish"
 
-    def told(self, line, *options):
+    def printed(self, line, *options):
         script = f"source {COMPLETIONS / 'prismo2.fish'}; complete {' '.join(options)} -C {shlex.quote(line)}"
         done = run("fish", "--no-config", "-c", script, env=self.environment)
         self.assertEqual(done.stderr, "")
         return [word.split("\t")[0] for word in done.stdout.splitlines()]
 
     def offers(self, line):
-        return set(self.told(line))
+        return set(self.printed(line))
 
     def completed(self, line):
-        [word] = self.told(line, "--escape")
+        [word] = self.printed(line, "--escape")
         return line[:line.rindex(" ") + 1] + word
 
     def test_the_shell_can_read_it(self):
