@@ -1,5 +1,5 @@
-// Another process that goes by the settings: re-reads the file at each change notification and prints one
-// value.
+// A process that follows the settings: on every change notification it loads the file again and prints one
+// value. Prints "ready" first. Arguments: the device root and the key.
 
 #include "platform/foundation/NSObject.h"
 #include "platform/linux/LinuxDevice.h"

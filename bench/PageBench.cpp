@@ -1,4 +1,4 @@
-// How long the root page takes to build its rows, as a multiple of one bare parse of the same settings file.
+// How long the root page takes to build its rows, next to one bare parse of the same settings file.
 
 #include "platform/linux/LinuxDevice.h"
 #include "prefs/SettingsFile.h"
@@ -18,7 +18,7 @@ using namespace prismo;
 
 namespace {
 
-/// A device root of its own, with a settings file of that many keys.
+/// A temporary device root with a settings file of `keys` entries.
 class World {
   public:
     explicit World(std::int64_t keys) {

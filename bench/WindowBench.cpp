@@ -1,14 +1,14 @@
-// window-bench WHAT ROOT [SINCE]: what the window takes, one number on each line.
+// window-bench WHAT ROOT [SINCE]: measures the window and prints one number per line.
 //
-// start ROOT SINCE: milliseconds from SINCE, a time of the steady clock in nanoseconds, to the first frame;
-// then its memory in megabytes with the page open.
+// start ROOT SINCE: milliseconds from SINCE to the first frame, then the process's memory in megabytes with
+// the page open. SINCE is a time of the steady clock, in nanoseconds.
 //
 // tap ROOT: milliseconds from a tap on the page's first switch to the frame that shows it, ten times.
 //
-// scroll ROOT: milliseconds for each frame while the application picker scrolls from end to end.
+// scroll ROOT: milliseconds per frame while the application picker scrolls from end to end.
 //
-// supervised ROOT: a window under its supervisor. Each time that it has come up, the process and the time of
-// its first frame, as that of `start`; until it is ended.
+// supervised ROOT: runs a window under its supervisor until the supervisor is ended. Each time the window
+// comes up, prints its process ID and the time of its first frame, on the same clock as SINCE.
 
 #include "settings/model/pages/Page.h"
 #include "settings/model/Phone.h"
@@ -39,7 +39,7 @@ double millisecondsSince(Clock::time_point start) {
 void runUntil(const std::function<bool()>& condition) {
     const auto start = Clock::now();
     while (!condition()) {
-        if (millisecondsSince(start) > 10000) throw std::runtime_error("nothing happens");
+        if (millisecondsSince(start) > 10000) throw std::runtime_error("timed out waiting for the window");
         QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
     }
 }
@@ -55,7 +55,7 @@ class Bench {
 
     Table& table() { return *qobject_cast<Page*>(phone_->pages()->top())->table(); }
 
-    /// The first row of the kind, in the page on top once it has one.
+    /// The first row of this kind on the top page. Waits until the page has one.
     int row(const QString& kind) {
         int found = -1;
         runUntil([&] {
@@ -76,7 +76,7 @@ class Bench {
         settle();
     }
 
-    /// Until nothing moves any more.
+    /// Waits until no new frame has been drawn for 150 milliseconds.
     void settle() {
         for (int seen = -1; seen != frames_;) {
             seen = frames_;
@@ -108,7 +108,7 @@ class Bench {
         auto* list = find(*window_->contentItem());
         if (!list) throw std::runtime_error("no list");
         const double end = list->property("contentHeight").toDouble() - list->height();
-        constexpr double step = 90; // as fast as a strong flick, at 60 frames a second
+        constexpr double step = 90; // pixels per frame: a strong flick at 60 frames per second
         for (double at = step; at < end; at += step) {
             const auto start = Clock::now();
             list->setProperty("contentY", at);
@@ -118,7 +118,7 @@ class Bench {
     }
 
   private:
-    /// The list that shows the table of the page on top.
+    /// The list that shows the top page's table.
     QQuickItem* find(const QQuickItem& below) {
         for (auto* item : below.childItems()) {
             if (item->objectName() == "table" && item->property("count").toInt() == table().rowCount())

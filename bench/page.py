@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""page.py BUILD: what building the root page costs, as a multiple of one bare parse of its settings file."""
+"""page.py BUILD: measures building the root page, as a multiple of one bare parse of its settings file."""
 
 import json
 import subprocess

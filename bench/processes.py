@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""processes.py BUILD: whole processes of prismo2 beside comparable tools, in one run.
+"""processes.py BUILD: measures whole processes of prismo2 and of comparable tools in one run.
 
-Runs under dbus-run-session, which the tools compared with need; prismo2 needs no bus. Prints medians and
-their ratios: the ratios say more than the times, which depend on the machine.
+Run it under dbus-run-session: the other tools need a bus, prismo2 does not. Prints medians and their ratios.
+The ratios say more than the times, which depend on the machine.
 """
 
 import json
@@ -24,8 +24,8 @@ ROUNDS = 60
 
 
 def median_times(commands, preparations=()):
-    """The median wall-clock time in seconds of each command, as hyperfine measures it, without a shell.
-    Each run comes after its command's preparation, which is not measured."""
+    """The median wall-clock time of each command in seconds, measured by hyperfine without a shell.
+    Before each run the command's preparation runs, unmeasured."""
     prepare = [word for each in preparations for word in ("--prepare", each)]
     with tempfile.NamedTemporaryFile() as report:
         subprocess.run(["hyperfine", "-N", "--style", "none", "--warmup", "20", "--runs", str(RUNS), *prepare,
@@ -35,14 +35,14 @@ def median_times(commands, preparations=()):
 
 
 def median_latency(listener, setters):
-    """From the start of a setter until the listener has printed its next line, in seconds."""
+    """The median time from starting a setter until the listener prints its next line, in seconds."""
     times = []
     for i in range(ROUNDS):
         start = time.perf_counter()
-        # Popen would add half a millisecond of its own to both.
+        # Popen would add half a millisecond to both.
         setter = os.posix_spawn(setters[i % 2][0], setters[i % 2], os.environ)
         if not listener.stdout.readline():
-            sys.exit(f"{listener.args[0]} ended")
+            sys.exit(f"{listener.args[0]} exited")
         times.append(time.perf_counter() - start)
         if os.waitpid(setter, 0)[1] != 0:
             sys.exit(f"{setters[i % 2]} failed")
@@ -86,11 +86,11 @@ def main():
         subprocess.run([prismo2, "set", "enabled", "true"], check=True)
         subprocess.run(["gsettings", "set", "org.prismo2.Bench", "enabled", "true"], check=True)
 
-        print(f"One-shot processes, medians of {RUNS} runs; every write is on the disk when the command ends")
+        print(f"One-shot processes, medians of {RUNS} runs; every write is on disk when the command ends")
         ours_set, gsettings_set, kwrite = median_times(
             [f"{prismo2} set enabled off", "gsettings set org.prismo2.Bench enabled false",
              "kwriteconfig5 --file prismo2bench --group General --key enabled false"],
-            # A store may notice that nothing is new and not write at all.
+            # A store may skip the write if the value stays the same.
             [f"{prismo2} set enabled on", "gsettings set org.prismo2.Bench enabled true",
              "kwriteconfig5 --file prismo2bench --group General --key enabled true"])
         row("prismo2 set", ours_set, "gsettings set", gsettings_set, 0.35)
@@ -106,17 +106,17 @@ def main():
         applications = scratch / "applications"
         install_applications(applications, 2000)
         (listing,) = median_times([f"{prismo2} --root {applications} apps"])
-        print(f"  {'prismo2 apps, 2,000 of them':<34} {listing * 1000:7.2f} ms   at most 100: "
+        print(f"  {'prismo2 apps, 2,000 applications':<34} {listing * 1000:7.2f} ms   at most 100: "
               f"{'yes' if listing <= 0.1 else 'MISSED'}")
 
-        print(f"\nFrom the start of a change until another process has the new value, medians of {ROUNDS} rounds")
+        print(f"\nFrom starting a change until another process has the new value, medians of {ROUNDS} rounds")
         with subprocess.Popen([build / "bench" / "bench-listener", root, "enabled"], stdout=subprocess.PIPE) as ours:
             ours.stdout.readline()
             ours_latency = median_latency(ours, [[prismo2, "set", "enabled", v] for v in ("true", "false")])
             ours.terminate()
         with subprocess.Popen(["gsettings", "monitor", "org.prismo2.Bench", "enabled"],
                               stdout=subprocess.PIPE) as peer:
-            time.sleep(0.5)  # it does not say when it is ready
+            time.sleep(0.5)  # it does not report when it is ready
             gsettings = shutil.which("gsettings")
             setters = [[gsettings, "set", "org.prismo2.Bench", "enabled", v] for v in ("true", "false")]
             peer_latency = median_latency(peer, setters)

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""window.py BUILD: what the window of prismo2-settings takes, on a display of its own and drawn by software."""
+"""window.py BUILD: measures the window of prismo2-settings on its own display, drawn in software."""
 
 import contextlib
 import os
@@ -19,7 +19,7 @@ from display import Display  # noqa: E402
 
 APPLICATIONS = 2000
 STARTS = 10
-# A supervisor takes no more deaths in so short a time.
+# A supervisor gives up after more deaths in so short a time.
 SUPERVISORS, KILLS = 3, 3
 PLIST = """<?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0"><dict><key>CFBundleIdentifier</key><string>com.example.app{0}</string>
@@ -33,12 +33,12 @@ def install_applications(root):
         bundle = root / f"Applications/App{number}.app"
         bundle.mkdir(parents=True)
         (bundle / "Info.plist").write_text(PLIST.format(number, chr(ord("A") + number % 26) + "pplication"))
-        # No two icons are of one size and so none is shared.
+        # Every icon has its own size, so that none is shared.
         (bundle / "Icon.png").write_bytes(png(40 + number % 50, 40 + number // 50))
 
 
 def measure_returns(command, environment):
-    """Milliseconds from the end of a window to the first frame of the next."""
+    """Yields the milliseconds from killing a window to the first frame of the next one."""
     with subprocess.Popen(command, env=environment, text=True, stdout=subprocess.PIPE) as supervisor:
         for turn in range(KILLS + 1):
             window, shown = int(supervisor.stdout.readline()), int(supervisor.stdout.readline())
@@ -69,20 +69,20 @@ def main():
                                   stdout=subprocess.PIPE)
             return [float(line) for line in done.stdout.split()]
 
-        measure("start", "0")  # what is read once is read
+        measure("start", "0")  # warms the caches
         starts = [measure("start", str(time.monotonic_ns())) for _ in range(STARTS)]
         taps = measure("tap")
         frames = measure("scroll")
         returns = [taken for _ in range(SUPERVISORS) for taken in measure_returns([program, "supervised", root], environment)]
 
-    print("The window, drawn by software under Xvfb")
+    print("The window, drawn in software under Xvfb")
     row("start to first frame, median", statistics.median(start[0] for start in starts), "ms", 150)
-    row("killed to first frame again, median", statistics.median(returns), "ms", 150)
-    row("                             longest", max(returns), "ms", 150)
+    row("kill to the next first frame, median", statistics.median(returns), "ms", 150)
+    row("                              longest", max(returns), "ms", 150)
     row("tap on a switch to its redraw, median", statistics.median(taps), "ms", 100)
     row("                               longest", max(taps), "ms", 100)
-    row(f"frame of a scroll, {APPLICATIONS} applications, median", statistics.median(frames), "ms", 33)
-    row("                                      longest", max(frames), "ms", 33)
+    row(f"scroll frame, {APPLICATIONS} applications, median", statistics.median(frames), "ms", 33)
+    row("                                 longest", max(frames), "ms", 33)
     row("memory with the page open", max(start[1] for start in starts), "MB", 120)
 
 
