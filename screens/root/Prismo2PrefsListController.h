@@ -50,8 +50,8 @@ class Prismo2PrefsListController : public PSListController {
     /// system-wide value, then nothing: the default does not apply there. Otherwise it is the row's
     /// "default".
     Value readPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier) override;
-    /// Stores the value and posts the row's "PostNotification". Does nothing if the value is nothing or the
-    /// row has no key.
+    /// Stores the value and posts the row's "PostNotification". Does nothing if the value is nothing, or if
+    /// the row has no key and no application is chosen.
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& specifier) override;
     /// The value of the scope row: true in application scope.
     Value readSegmentPreferenceValue(const std::shared_ptr<PSSpecifier>& specifier);
