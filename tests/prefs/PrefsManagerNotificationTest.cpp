@@ -27,7 +27,7 @@ struct PrefsManagerNotificationTest : MemoryWorld {
     };
 };
 
-TEST_F(PrefsManagerNotificationTest, NotifyingPostsTheNameAndNothingElse) {
+TEST_F(PrefsManagerNotificationTest, NotifyingPostsOnlyTheName) {
     make()->notifyEveryone();
     ASSERT_EQ(effects.size(), 1U);
     EXPECT_EQ(effects[0].effect, (Effect{"post", {{"name", "com.example.x.changed"}}}));
@@ -44,13 +44,13 @@ TEST_F(PrefsManagerNotificationTest, SavingAloneDoesNotNotify) {
     EXPECT_TRUE(timeline({"post"}).empty());
 }
 
-TEST_F(PrefsManagerNotificationTest, FailedSaveIsNotifiedAllTheSame) {
+TEST_F(PrefsManagerNotificationTest, FailedSaveStillNotifies) {
     device.failWrites(path, "No space left on device");
     make()->saveAndNotify();
     EXPECT_EQ(timeline(), (Lines{"0 ms post com.example.x.changed"}));
 }
 
-TEST_F(PrefsManagerNotificationTest, RowsValueIsSavedThenNotified) {
+TEST_F(PrefsManagerNotificationTest, SettingARowSavesAndThenNotifies) {
     const auto row = PSSpecifier::preferenceSpecifierNamed("Row", nullptr, "", "", nullptr,
                                                            PSCellType::switchCell, nullptr);
     row->setProperty("size", "key");
@@ -68,7 +68,7 @@ TEST_F(PrefsManagerNotificationTest, ReloadComesBeforeTheCallback) {
     EXPECT_EQ(called, (std::vector{store.get()}));
 }
 
-TEST_F(PrefsManagerNotificationTest, EachNotificationIsCalledBack) {
+TEST_F(PrefsManagerNotificationTest, EveryNotificationCallsBack) {
     const auto store = make();
     postFromOutside();
     postFromOutside();
@@ -76,21 +76,21 @@ TEST_F(PrefsManagerNotificationTest, EachNotificationIsCalledBack) {
     EXPECT_EQ(device.propertyListReads(path), 3);
 }
 
-TEST_F(PrefsManagerNotificationTest, OtherNamesDoNotReachIt) {
+TEST_F(PrefsManagerNotificationTest, OtherNotificationsAreIgnored) {
     const auto store = make();
     postFromOutside("com.example.other.changed");
     EXPECT_TRUE(called.empty());
     EXPECT_EQ(device.propertyListReads(path), 1);
 }
 
-TEST_F(PrefsManagerNotificationTest, UnsavedChangeIsLostWithTheNotification) {
+TEST_F(PrefsManagerNotificationTest, NotificationDiscardsUnsavedChanges) {
     const auto store = make();
     store->setObject(7, "size");
     postFromOutside();
     EXPECT_EQ(store->intForKey("size"), 3);
 }
 
-TEST_F(PrefsManagerNotificationTest, WriterHearsOfItsOwnSave) {
+TEST_F(PrefsManagerNotificationTest, WriterReceivesItsOwnNotification) {
     const auto store = make();
     store->setObject(7, "size");
     store->saveAndNotify();
@@ -99,7 +99,7 @@ TEST_F(PrefsManagerNotificationTest, WriterHearsOfItsOwnSave) {
     EXPECT_EQ(sizesSeen, (std::vector{7}));
 }
 
-TEST_F(PrefsManagerNotificationTest, EveryStoreOfTheFileLearnsOfASave) {
+TEST_F(PrefsManagerNotificationTest, SaveNotifiesEveryStoreOfTheFile) {
     const auto writer = make();
     const auto reader = make();
     writer->setObject(7, "size");
@@ -114,7 +114,7 @@ TEST_F(PrefsManagerNotificationTest, WithoutANameNothingIsPosted) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(PrefsManagerNotificationTest, WithoutANameTheCallbackIsNotKept) {
+TEST_F(PrefsManagerNotificationTest, WithoutANameNoCallbackIsKept) {
     const auto store = make(std::nullopt);
     EXPECT_EQ(store->notificationCallback(), nullptr);
     EXPECT_EQ(store->notificationName(), std::nullopt);
@@ -128,7 +128,7 @@ TEST_F(PrefsManagerNotificationTest, WithoutANameNothingIsObserved) {
     EXPECT_EQ(device.propertyListReads(path), 1);
 }
 
-TEST_F(PrefsManagerNotificationTest, EmptyNameIsNeitherPostedNorHeard) {
+TEST_F(PrefsManagerNotificationTest, EmptyNameIsNeitherPostedNorObserved) {
     const auto store = make("");
     store->notifyEveryone();
     postFromOutside("");
@@ -136,7 +136,7 @@ TEST_F(PrefsManagerNotificationTest, EmptyNameIsNeitherPostedNorHeard) {
     EXPECT_TRUE(called.empty());
 }
 
-TEST_F(PrefsManagerNotificationTest, NameCanBeTakenAwayFromPosting) {
+TEST_F(PrefsManagerNotificationTest, ClearingTheNameStopsPosting) {
     const auto store = make();
     store->setNotificationName(std::nullopt);
     store->notifyEveryone();
@@ -162,7 +162,7 @@ TEST_F(PrefsManagerNotificationTest, CallbackCanBeReplaced) {
     EXPECT_TRUE(called.empty());
 }
 
-TEST_F(PrefsManagerNotificationTest, WithoutACallbackItReloadsAllTheSame) {
+TEST_F(PrefsManagerNotificationTest, WithoutACallbackItStillReloads) {
     const auto store = PHPrefsManager::initWithId("com.example.x", {}, changed, nullptr);
     storeSize(5);
     postFromOutside();
@@ -177,7 +177,7 @@ TEST_F(PrefsManagerNotificationTest, EmptyCallbackIsNotCalled) {
     EXPECT_EQ(store->intForKey("size"), 5);
 }
 
-TEST_F(PrefsManagerNotificationTest, PostsDuringASuspensionCountAsOneAfterIt) {
+TEST_F(PrefsManagerNotificationTest, PostsWhileSuspendedAreCoalesced) {
     const auto store = make();
     device.systemCenter().setSuspended(true);
     postFromOutside();
@@ -187,14 +187,14 @@ TEST_F(PrefsManagerNotificationTest, PostsDuringASuspensionCountAsOneAfterIt) {
     EXPECT_EQ(called.size(), 1U);
 }
 
-TEST_F(PrefsManagerNotificationTest, ReleasedStoreHearsNothing) {
+TEST_F(PrefsManagerNotificationTest, ReleasedStoreIsNotNotified) {
     make();
     postFromOutside();
     EXPECT_TRUE(called.empty());
     EXPECT_EQ(device.propertyListReads(path), 1);
 }
 
-TEST_F(PrefsManagerNotificationTest, StoreReleasedBeforeTheDeliveryHearsNothing) {
+TEST_F(PrefsManagerNotificationTest, StoreReleasedBeforeDeliveryIsNotNotified) {
     auto store = make();
     device.postFromOutside(changed);
     store = nullptr;
@@ -202,14 +202,14 @@ TEST_F(PrefsManagerNotificationTest, StoreReleasedBeforeTheDeliveryHearsNothing)
     EXPECT_TRUE(called.empty());
 }
 
-TEST_F(PrefsManagerNotificationTest, ObserverThatIsNoStoreIsLeftAlone) {
+TEST_F(PrefsManagerNotificationTest, ObserverThatIsNotAStoreIsIgnored) {
     prefsManagerNotified(nullptr);
     prefsManagerNotified(std::make_shared<NSObject>());
     EXPECT_TRUE(called.empty());
     EXPECT_EQ(device.propertyListReads(path), 0);
 }
 
-TEST_F(PrefsManagerNotificationTest, ObserverThatIsAStoreIsTold) {
+TEST_F(PrefsManagerNotificationTest, ObserverThatIsAStoreIsNotified) {
     const auto store = make();
     prefsManagerNotified(store);
     EXPECT_EQ(called.size(), 1U);

@@ -28,7 +28,7 @@ struct PrefsManagerTest : MemoryWorld {
 
 TEST_F(PrefsManagerTest, FileIsNamedAfterTheIdentifier) { EXPECT_EQ(make()->plistPath(), path); }
 
-TEST_F(PrefsManagerTest, IdentifierIsTheOneGiven) {
+TEST_F(PrefsManagerTest, IdentifierIsReturnedAsGiven) {
     EXPECT_EQ(PHPrefsManager::initWithId("a.b.c", {}, std::nullopt, nullptr)->identifier(), "a.b.c");
 }
 
@@ -38,7 +38,7 @@ TEST_F(PrefsManagerTest, IdentifierFollowsThePath) {
     EXPECT_EQ(store->identifier(), "other.name");
 }
 
-TEST_F(PrefsManagerTest, StoreOfAnotherPathReadsThatFileAlone) {
+TEST_F(PrefsManagerTest, StoreWithAnotherPathReadsOnlyThatFile) {
     device.setPropertyList(path, {{"size", 5}});
     device.setPropertyList(otherPath, {{"size", 7}});
     const auto store = PHPrefsManager::initWithPath(otherPath, defaults, std::nullopt, nullptr);
@@ -46,7 +46,7 @@ TEST_F(PrefsManagerTest, StoreOfAnotherPathReadsThatFileAlone) {
     EXPECT_EQ(device.propertyListReads(path), 0);
 }
 
-TEST_F(PrefsManagerTest, StoreOfAnotherPathKeepsNoCallbackWithoutANotification) {
+TEST_F(PrefsManagerTest, StoreWithAnotherPathKeepsNoCallbackWithoutANotification) {
     const PHPrefsManager::Callback callback = [](PHPrefsManager&) {};
     const auto store = PHPrefsManager::initWithPath(otherPath, {}, std::nullopt, &callback);
     EXPECT_EQ(store->notificationCallback(), nullptr);
@@ -58,35 +58,35 @@ TEST_F(PrefsManagerTest, FileOverlaysTheDefaults) {
     EXPECT_EQ(make()->currentPrefsImplementation(), merged);
 }
 
-TEST_F(PrefsManagerTest, DefaultsAloneCountWhereThereIsNoFile) {
+TEST_F(PrefsManagerTest, WithoutAFileOnlyTheDefaultsApply) {
     EXPECT_EQ(make()->currentPrefsImplementation(), defaults);
 }
 
-TEST_F(PrefsManagerTest, FileThatCannotBeReadIsAnEmptyOne) {
+TEST_F(PrefsManagerTest, UnreadableFileReadsAsEmpty) {
     device.setPropertyList(path, {{"size", 5}});
     device.failReads(path, "Permission denied");
     EXPECT_EQ(make()->currentPrefsImplementation(), defaults);
 }
 
-TEST_F(PrefsManagerTest, MalformedFileIsAnEmptyOne) {
+TEST_F(PrefsManagerTest, MalformedFileReadsAsEmpty) {
     device.setFile(path, {'n', 'o'});
     EXPECT_EQ(make()->currentPrefsImplementation(), defaults);
 }
 
-TEST_F(PrefsManagerTest, MakingOneReadsTheFileOnceAndWritesNothing) {
+TEST_F(PrefsManagerTest, CreationReadsTheFileOnceAndWritesNothing) {
     make();
     EXPECT_EQ(device.propertyListReads(path), 1);
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(PrefsManagerTest, LookingUpReadsNoFile) {
+TEST_F(PrefsManagerTest, LookupsDoNotReadTheFile) {
     const auto store = make();
     store->objectForKey("size");
     store->boolForKey("enabled");
     EXPECT_EQ(device.propertyListReads(path), 1);
 }
 
-TEST_F(PrefsManagerTest, KeepsItsOwnDefaults) {
+TEST_F(PrefsManagerTest, KeepsItsOwnCopyOfTheDefaults) {
     const auto store = make();
     defaults["size"] = 9;
     store->updateCurrentImplementation();
@@ -94,7 +94,7 @@ TEST_F(PrefsManagerTest, KeepsItsOwnDefaults) {
     EXPECT_EQ(store->defaultValues().at("size"), Value(3));
 }
 
-TEST_F(PrefsManagerTest, KeyThatIsNowhereIsNothingFalseAndZero) {
+TEST_F(PrefsManagerTest, MissingKeyReadsAsNothingFalseAndZero) {
     const auto store = make();
     EXPECT_EQ(store->objectForKey("gone"), Value());
     EXPECT_EQ(store->boolForKey("gone"), false);
@@ -102,7 +102,7 @@ TEST_F(PrefsManagerTest, KeyThatIsNowhereIsNothingFalseAndZero) {
     EXPECT_EQ(store->intForKey("gone"), 0);
 }
 
-TEST_F(PrefsManagerTest, LookUpsAreTyped) {
+TEST_F(PrefsManagerTest, LookupsAreTyped) {
     static_assert(std::is_same_v<decltype(make()->boolForKey("")), bool>);
     static_assert(std::is_same_v<decltype(make()->floatForKey("")), float>);
     static_assert(std::is_same_v<decltype(make()->intForKey("")), std::int32_t>);
@@ -115,7 +115,7 @@ TEST_F(PrefsManagerTest, LookUpsAreTyped) {
     EXPECT_EQ(store->objectForKey("real"), Value(2.75));
 }
 
-TEST_F(PrefsManagerTest, TextIsReadAsTheNumberInIt) {
+TEST_F(PrefsManagerTest, TextReadsAsItsLeadingNumber) {
     device.setPropertyList(path, {{"text", "1"}, {"length", "2.5px"}});
     const auto store = make();
     EXPECT_TRUE(store->boolForKey("text"));
@@ -141,13 +141,13 @@ TEST_F(PrefsManagerTest, SettingNothingChangesNothing) {
     EXPECT_EQ(store->currentPrefsImplementation(), defaults);
 }
 
-TEST_F(PrefsManagerTest, RemovingWhatIsNotThereChangesNothing) {
+TEST_F(PrefsManagerTest, RemovingAMissingKeyChangesNothing) {
     const auto store = make();
     store->removeObjectForKey("gone");
     EXPECT_EQ(store->currentPrefsImplementation(), defaults);
 }
 
-TEST_F(PrefsManagerTest, ReloadDropsUnsavedChangesAndTakesTheFileAsItIs) {
+TEST_F(PrefsManagerTest, ReloadDiscardsUnsavedChangesAndShowsTheFile) {
     device.setPropertyList(path, {{"size", 5}, {"extra", 1}});
     const auto store = make();
     store->setObject(7, "size");
@@ -159,7 +159,7 @@ TEST_F(PrefsManagerTest, ReloadDropsUnsavedChangesAndTakesTheFileAsItIs) {
               (Dictionary{{"color", "#ffffff"}, {"enabled", false}, {"size", 3}}));
 }
 
-TEST_F(PrefsManagerTest, NewDefaultsCountFromTheNextReloadOn) {
+TEST_F(PrefsManagerTest, NewDefaultsApplyFromTheNextReload) {
     const auto store = make();
     store->setDefaultValues({{"size", 4}});
     EXPECT_EQ(store->currentPrefsImplementation(), defaults);
@@ -167,7 +167,7 @@ TEST_F(PrefsManagerTest, NewDefaultsCountFromTheNextReloadOn) {
     EXPECT_EQ(store->currentPrefsImplementation(), (Dictionary{{"size", 4}}));
 }
 
-TEST_F(PrefsManagerTest, NewPathReloadsAtOnceOverTheSameDefaults) {
+TEST_F(PrefsManagerTest, NewPathReloadsAtOnceWithTheSameDefaults) {
     device.setPropertyList(path, {{"size", 5}, {"extra", 1}});
     device.setPropertyList(otherPath, {{"color", "#000000"}});
     const auto store = make();
@@ -179,7 +179,7 @@ TEST_F(PrefsManagerTest, NewPathReloadsAtOnceOverTheSameDefaults) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(PrefsManagerTest, NoPathIsNoFile) {
+TEST_F(PrefsManagerTest, EmptyPathMeansNoFile) {
     device.setPropertyList("", {{"size", 5}});
     const auto store = make();
     store->setPlistPath("");
@@ -187,7 +187,7 @@ TEST_F(PrefsManagerTest, NoPathIsNoFile) {
     EXPECT_EQ(device.propertyListReads(""), 0);
 }
 
-TEST_F(PrefsManagerTest, SaveWritesAllThatItAnswersInPlace) {
+TEST_F(PrefsManagerTest, SaveWritesTheWholeViewInPlace) {
     device.setPropertyList(path, {{"extra", 1}});
     const auto store = make();
     store->setObject(7, "size");
@@ -198,7 +198,7 @@ TEST_F(PrefsManagerTest, SaveWritesAllThatItAnswersInPlace) {
     EXPECT_EQ(timeline(), (std::vector<std::string>{std::string("0 ms write ") + path}));
 }
 
-TEST_F(PrefsManagerTest, SaveGoesToTheFileOfThePath) {
+TEST_F(PrefsManagerTest, SaveWritesToTheCurrentPath) {
     const auto store = make();
     store->setPlistPath(otherPath);
     store->save();
@@ -230,16 +230,18 @@ TEST_F(PrefsManagerTest, RowReadsTheStoredValue) {
     EXPECT_EQ(store->readPreferenceValue(row("size", 8)), Value(0));
 }
 
-TEST_F(PrefsManagerTest, StoresDefaultPrecedesTheRows) {
+TEST_F(PrefsManagerTest, StoreDefaultTakesPrecedenceOverRowDefault) {
     EXPECT_EQ(make()->readPreferenceValue(row("size", 8)), Value(3));
 }
 
-TEST_F(PrefsManagerTest, RowReadsItsDefaultWhereTheStoreHasNothing) {
+TEST_F(PrefsManagerTest, RowReadsItsDefaultIfTheStoreHasNoValue) {
     EXPECT_EQ(make()->readPreferenceValue(row("gone", 8)), Value(8));
     EXPECT_EQ(make()->readPreferenceValue(row("gone")), Value());
 }
 
-TEST_F(PrefsManagerTest, NoRowReadsAsNothing) { EXPECT_EQ(make()->readPreferenceValue(nullptr), Value()); }
+TEST_F(PrefsManagerTest, MissingRowReadsAsNothing) {
+    EXPECT_EQ(make()->readPreferenceValue(nullptr), Value());
+}
 
 TEST_F(PrefsManagerTest, RowWritesItsValueToTheFile) {
     const auto store = make();
@@ -249,7 +251,7 @@ TEST_F(PrefsManagerTest, RowWritesItsValueToTheFile) {
               (Dictionary{{"color", "#ffffff"}, {"enabled", true}, {"size", 7}}));
 }
 
-TEST_F(PrefsManagerTest, NoRowWritesNothing) {
+TEST_F(PrefsManagerTest, MissingRowWritesNothing) {
     const auto store = make();
     store->setPreferenceValue(7, nullptr);
     EXPECT_TRUE(effects.empty());
@@ -266,7 +268,7 @@ TEST_F(PrefsManagerTest, RowWithoutAKeyReadsAsItsDefaultAndWritesNothing) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(PrefsManagerTest, IsATargetForRows) {
+TEST_F(PrefsManagerTest, CanBeTheTargetOfRows) {
     const auto store = make();
     auto shown = PSSpecifier::preferenceSpecifierNamed(
         "Row", store, "setPreferenceValue:specifier:", "readPreferenceValue:", nullptr,
@@ -277,7 +279,7 @@ TEST_F(PrefsManagerTest, IsATargetForRows) {
     EXPECT_EQ(device.readPropertyList(path)->at("size"), Value(7));
 }
 
-TEST_F(PrefsManagerTest, ReleasingOneReadsAndWritesNothing) {
+TEST_F(PrefsManagerTest, ReleaseReadsAndWritesNothing) {
     auto store = make();
     store->setObject(7, "size");
     store = nullptr;
