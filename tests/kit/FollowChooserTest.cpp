@@ -1,4 +1,4 @@
-// Following where the person has more than one account, and on which threads.
+// Following with more than one account, and on which threads it happens.
 
 #include "tests/kit/FollowWorld.h"
 
@@ -26,11 +26,11 @@ TEST_F(FollowChooserTest, AsksWhichAccountToUse) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(FollowChooserTest, TwoAccountsAreEnoughForAChoice) {
+TEST_F(FollowChooserTest, TwoAccountsAreEnoughToAsk) {
     EXPECT_EQ(openChooser({"first", "second"})->buttonTitles(), (Lines{"All!", "first", "second"}));
 }
 
-TEST_F(FollowChooserTest, AccountsKeepTheOrderOfTheService) {
+TEST_F(FollowChooserTest, AccountsAreListedInTheServicesOrder) {
     EXPECT_EQ(openChooser({"zoe", "Ada", "max"})->buttonTitles(), (Lines{"All!", "zoe", "Ada", "max"}));
 }
 
@@ -43,7 +43,7 @@ TEST_F(FollowChooserTest, CarriesTheAccountsInOrder) {
     EXPECT_EQ(names, (Lines{"first", "second", "third"}));
 }
 
-TEST_F(FollowChooserTest, KeepsThePromptsHandlerAliveAndGoesWithIt) {
+TEST_F(FollowChooserTest, KeepsThePromptsHandlerAliveUntilDismissed) {
     setAccounts({"first", "second"});
     const auto watched = handlerOf(*showPrompt());
     accept(alert());
@@ -53,7 +53,7 @@ TEST_F(FollowChooserTest, KeepsThePromptsHandlerAliveAndGoesWithIt) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(FollowChooserTest, AccountsGoWithTheChooser) {
+TEST_F(FollowChooserTest, AccountsAreReleasedWithTheChooser) {
     const auto* accounts = openChooser()->associatedObject("description").as<Array>();
     const std::weak_ptr<ACAccount> watched = accounts->front().object<ACAccount>();
     ASSERT_FALSE(watched.expired());
@@ -61,7 +61,7 @@ TEST_F(FollowChooserTest, AccountsGoWithTheChooser) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(FollowChooserTest, AllFollowsThroughEveryAccountInOrder) {
+TEST_F(FollowChooserTest, AllFollowsWithEveryAccountInOrder) {
     openChooser()->clickButtonAtIndex(0);
     EXPECT_EQ(requests(), (Lines{"first", "second", "third"}));
     for (const auto& request : effectsOfKind("request"))
@@ -69,23 +69,23 @@ TEST_F(FollowChooserTest, AllFollowsThroughEveryAccountInOrder) {
                   Value(Dictionary{{"screen_name", "quillmoth"}, {"follow", "FALSE"}}));
 }
 
-TEST_F(FollowChooserTest, ThirdButtonFollowsThroughTheSecondAccount) {
+TEST_F(FollowChooserTest, ThirdButtonFollowsWithTheSecondAccount) {
     openChooser()->clickButtonAtIndex(2);
     EXPECT_EQ(requests(), (Lines{"second"}));
 }
 
-TEST_F(FollowChooserTest, FirstAndLastNamedButtonAreTheFirstAndLastAccount) {
+TEST_F(FollowChooserTest, FirstAndLastNamedButtonsAreTheFirstAndLastAccounts) {
     openChooser()->clickButtonAtIndex(1);
     openChooser()->clickButtonAtIndex(3);
     EXPECT_EQ(requests(), (Lines{"first", "third"}));
 }
 
-TEST_F(FollowChooserTest, ButtonBeyondTheAccountsFollowsThroughNone) {
+TEST_F(FollowChooserTest, ButtonPastTheAccountsFollowsWithNone) {
     openChooser()->clickButtonAtIndex(4);
     EXPECT_TRUE(requests().empty());
 }
 
-TEST_F(FollowChooserTest, EveryChoiceIsThankedAtOnce) {
+TEST_F(FollowChooserTest, EveryChoiceShowsThanksAtOnce) {
     for (const std::size_t index : {0U, 2U}) {
         openChooser()->clickButtonAtIndex(index);
         const auto thanks = alert();
@@ -108,7 +108,7 @@ TEST_F(FollowChooserTest, ThanksComeAfterTheRequests) {
     EXPECT_EQ(requestsAtThanks, (std::vector<std::size_t>{3}));
 }
 
-TEST_F(FollowChooserTest, ThanksHaveNoTagAndNobodyToTell) {
+TEST_F(FollowChooserTest, ThanksHaveNeitherTagNorDelegate) {
     const auto chooser = openChooser();
     const auto handler = handlerOf(*chooser).lock();
     chooser->clickButtonAtIndex(1);
@@ -116,7 +116,7 @@ TEST_F(FollowChooserTest, ThanksHaveNoTagAndNobodyToTell) {
     EXPECT_EQ(thanks->tag(), 0);
     EXPECT_EQ(thanks->associatedObject("show"), Value());
     effects.clear();
-    thanks->setTag(1); // were the handler its delegate, that would begin anew
+    thanks->setTag(1); // would start over if the handler were its delegate
     thanks->clickButtonAtIndex(1);
     EXPECT_EQ(device.runLoop().nextDeadline().value_or(now()), now());
     runFor(1);
@@ -124,7 +124,7 @@ TEST_F(FollowChooserTest, ThanksHaveNoTagAndNobodyToTell) {
     EXPECT_FALSE(isAlertShown());
 }
 
-/// Answers requests for access on a thread of its own, and is done with it when `requestAccountAccess` is.
+/// Answers access requests on another thread, which ends before `requestAccountAccess` returns.
 struct ThreadedDevice : MemoryDevice {
     void requestAccountAccess(std::function<void(bool)> completion) override {
         std::thread([completion = std::move(completion)] { completion(true); }).join();
@@ -152,7 +152,7 @@ struct FollowThreadTest : testing::Test {
     std::vector<std::string> effects;
 };
 
-TEST_F(FollowThreadTest, SingleAccountsRequestIsSentWhereTheAnswerCameAndThanksHere) {
+TEST_F(FollowThreadTest, SingleAccountFollowsOnTheServiceThreadAndThanksOnTheMainThread) {
     accept({{"1", "first"}});
     EXPECT_EQ(effects, (std::vector<std::string>{"request elsewhere"}));
     EXPECT_FALSE(FollowWorld::isAlertShown());
@@ -160,7 +160,7 @@ TEST_F(FollowThreadTest, SingleAccountsRequestIsSentWhereTheAnswerCameAndThanksH
     EXPECT_TRUE(FollowWorld::isAlertShown());
 }
 
-TEST_F(FollowThreadTest, SingleAccountsRequestIsSentBeforeTheThanksAreQueued) {
+TEST_F(FollowThreadTest, SingleAccountFollowsBeforeTheThanksAreQueued) {
     std::optional<bool> isSomethingQueued;
     device.setEffectObserver(
         [&](const Effect&) { isSomethingQueued = device.runLoop().nextDeadline().has_value(); });
@@ -168,14 +168,14 @@ TEST_F(FollowThreadTest, SingleAccountsRequestIsSentBeforeTheThanksAreQueued) {
     EXPECT_EQ(isSomethingQueued, false);
 }
 
-TEST_F(FollowThreadTest, ProfileIsOpenedWhereTheAnswerCame) {
+TEST_F(FollowThreadTest, ProfileIsOpenedOnTheServiceThread) {
     device.setLinkSchemes({"tweetbot"});
     accept({});
     EXPECT_EQ(effects, (std::vector<std::string>{"canOpenURL elsewhere", "openURL elsewhere"}));
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
 }
 
-TEST_F(FollowThreadTest, ChooserIsShownHere) {
+TEST_F(FollowThreadTest, ChooserIsShownOnTheMainThread) {
     accept({{"1", "first"}, {"2", "second"}});
     EXPECT_FALSE(FollowWorld::isAlertShown());
     device.runLoop().run(Seconds(0));

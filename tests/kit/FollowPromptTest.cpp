@@ -5,25 +5,25 @@ namespace {
 
 struct FollowPromptTest : FollowWorld {};
 
-TEST_F(FollowPromptTest, PromptShowsTitleAndMessageOfTheCaller) {
+TEST_F(FollowPromptTest, PromptShowsTheCallersTitleAndMessage) {
     FBShowTwitterFollowAlert("Welcome", "Follow me?", "quillmoth");
     EXPECT_EQ(alert()->title(), "Welcome");
     EXPECT_EQ(alert()->message(), "Follow me?");
 }
 
-TEST_F(FollowPromptTest, NoMessageShowsTheInvitation) {
+TEST_F(FollowPromptTest, MissingMessageShowsTheInvitation) {
     FBShowTwitterFollowAlert("Welcome", std::nullopt, "quillmoth");
     EXPECT_EQ(alert()->message(),
               "Hey there! Thanks for installing my tweak! If you'd like to follow me on Twitter for more "
               "updates, tweak giveaways and other cool stuff, hit the button below!");
 }
 
-TEST_F(FollowPromptTest, EmptyMessageIsNotAnAbsentOne) {
+TEST_F(FollowPromptTest, EmptyMessageStaysEmpty) {
     FBShowTwitterFollowAlert("Welcome", "", "quillmoth");
     EXPECT_EQ(alert()->message(), "");
 }
 
-TEST_F(FollowPromptTest, NoTitleIsNone) {
+TEST_F(FollowPromptTest, MissingTitleStaysMissing) {
     FBShowTwitterFollowAlert(std::nullopt, "Follow me?", "quillmoth");
     EXPECT_EQ(alert()->title(), std::nullopt);
 }
@@ -43,11 +43,11 @@ TEST_F(FollowPromptTest, PromptKeepsItsHandlerAlive) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(FollowPromptTest, PromptKeepsNoAccounts) {
+TEST_F(FollowPromptTest, PromptHoldsNoAccounts) {
     EXPECT_EQ(showPrompt()->associatedObject("description"), Value());
 }
 
-TEST_F(FollowPromptTest, NoThanksAsksForNoAccess) {
+TEST_F(FollowPromptTest, NoThanksRequestsNoAccess) {
     setAccounts({"first"});
     showPrompt()->clickButtonAtIndex(0);
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
@@ -55,7 +55,7 @@ TEST_F(FollowPromptTest, NoThanksAsksForNoAccess) {
     EXPECT_FALSE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, HandlerGoesWithARefusedPrompt) {
+TEST_F(FollowPromptTest, HandlerIsReleasedWhenThePromptIsDeclined) {
     const auto watched = handlerOf(*showPrompt());
     alert()->clickButtonAtIndex(0);
     EXPECT_TRUE(watched.expired());
@@ -75,7 +75,7 @@ TEST_F(FollowPromptTest, OtherButtonsAndTagsDoNothing) {
     EXPECT_FALSE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, RefusedAccessEndsItSilently) {
+TEST_F(FollowPromptTest, RefusedAccessEndsSilently) {
     device.setAccounts(MemoryDevice::AccountAccess::refused, {{"1", "first"}});
     accept();
     EXPECT_TRUE(effects.empty());
@@ -91,7 +91,7 @@ TEST_F(FollowPromptTest, PendingAccessKeepsTheHandlerAlive) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(FollowPromptTest, WithoutAccountsTheProfileOpensAndNoAlertFollows) {
+TEST_F(FollowPromptTest, WithoutAccountsTheProfileOpensWithoutAnAlert) {
     setAccounts({});
     device.setLinkSchemes({"twitterrific", "twitter"});
     accept();
@@ -101,7 +101,7 @@ TEST_F(FollowPromptTest, WithoutAccountsTheProfileOpensAndNoAlertFollows) {
     EXPECT_FALSE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, WithoutAccountsAndClientsTheProfileOpensOnTheWeb) {
+TEST_F(FollowPromptTest, WithoutAccountsOrClientsTheProfileOpensOnTheWeb) {
     setAccounts({});
     device.setLinkSchemes({"http"});
     accept();
@@ -109,7 +109,7 @@ TEST_F(FollowPromptTest, WithoutAccountsAndClientsTheProfileOpensOnTheWeb) {
     EXPECT_FALSE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, OneAccountFollowsWithASignedRequest) {
+TEST_F(FollowPromptTest, SingleAccountFollowsWithASignedRequest) {
     setAccounts({"first"});
     accept();
     ASSERT_EQ(effects.size(), 1U);
@@ -121,7 +121,7 @@ TEST_F(FollowPromptTest, OneAccountFollowsWithASignedRequest) {
                        {"account", "first"}}}));
 }
 
-TEST_F(FollowPromptTest, OneAccountIsThankedWithoutAChoice) {
+TEST_F(FollowPromptTest, SingleAccountIsThankedWithoutAChooser) {
     setAccounts({"first"});
     accept();
     ASSERT_TRUE(isAlertShown());
@@ -131,7 +131,7 @@ TEST_F(FollowPromptTest, OneAccountIsThankedWithoutAChoice) {
     EXPECT_EQ(UIApplication::sharedApplication()->presented().size(), 1U);
 }
 
-TEST_F(FollowPromptTest, OneAccountIsThankedOnATurnAfterTheRequest) {
+TEST_F(FollowPromptTest, SingleAccountIsThankedOneTurnAfterTheRequest) {
     setAccounts({"first"});
     showPrompt()->clickButtonAtIndex(1);
     EXPECT_TRUE(effects.empty());
@@ -142,27 +142,27 @@ TEST_F(FollowPromptTest, OneAccountIsThankedOnATurnAfterTheRequest) {
     EXPECT_TRUE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, ThanksHaveNoTagAndNobodyToTell) {
+TEST_F(FollowPromptTest, ThanksHaveNeitherTagNorDelegate) {
     setAccounts({"first"});
     accept();
     const auto thanks = alert();
     EXPECT_EQ(thanks->tag(), 0);
     EXPECT_EQ(thanks->associatedObject("show"), Value());
     effects.clear();
-    thanks->setTag(1); // were the handler its delegate, that would begin anew
+    thanks->setTag(1); // would start over if the handler were its delegate
     thanks->clickButtonAtIndex(1);
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
     EXPECT_FALSE(isAlertShown());
 }
 
-TEST_F(FollowPromptTest, HandlerGoesOnceASingleAccountHasFollowed) {
+TEST_F(FollowPromptTest, HandlerIsReleasedAfterASingleAccountFollows) {
     setAccounts({"first"});
     const auto watched = handlerOf(*showPrompt());
     accept(alert());
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(FollowPromptTest, ThanksComeAlsoWhereTheRequestIsNeverAnswered) {
+TEST_F(FollowPromptTest, ThanksDoNotWaitForTheRequestsAnswer) {
     struct SilentDevice : MemoryDevice {
         void send(const AccountRequest& /*request*/, std::function<void(int)> /*completion*/) override {}
     };

@@ -7,11 +7,11 @@
 
 namespace prismo {
 
-/// A person with accounts, who is invited to follow "quillmoth".
+/// A person with accounts who is invited to follow "quillmoth".
 struct FollowWorld : MemoryWorld {
     using Lines = std::vector<std::string>;
 
-    /// The person keeps accounts of these names and lets them be used.
+    /// Gives the person accounts with these names and grants access to them.
     void setAccounts(const Lines& usernames) {
         std::vector<Account> accounts;
         for (const auto& username : usernames)
@@ -19,7 +19,7 @@ struct FollowWorld : MemoryWorld {
         device.setAccounts(MemoryDevice::AccountAccess::granted, std::move(accounts));
     }
     static bool isAlertShown() { return topmostPresented<UIAlertView>() != nullptr; }
-    /// The topmost alert. The test fails where there is none.
+    /// The topmost alert. Throws if there is none.
     static std::shared_ptr<UIAlertView> alert() {
         if (!isAlertShown()) throw std::logic_error("no alert");
         return topmostPresented<UIAlertView>();
@@ -28,7 +28,7 @@ struct FollowWorld : MemoryWorld {
         FBShowTwitterFollowAlert("Welcome", "Follow me?", "quillmoth");
         return alert();
     }
-    /// Taps "I'd love to!" and lets everything happen that follows.
+    /// Taps "I'd love to!" and lets everything that follows happen.
     void accept(const std::shared_ptr<UIAlertView>& prompt = showPrompt()) {
         prompt->clickButtonAtIndex(1);
         runFor(1);
@@ -36,7 +36,7 @@ struct FollowWorld : MemoryWorld {
     static std::weak_ptr<FBWelcomeTwitterHandler> handlerOf(const UIAlertView& alert) {
         return alert.associatedObject("show").object<FBWelcomeTwitterHandler>();
     }
-    /// The accounts that requests were made for, in order.
+    /// The accounts that requests were made with, in order.
     Lines requests() {
         Lines accounts;
         for (const auto& effect : effectsOfKind("request"))

@@ -31,8 +31,8 @@ struct NavigationBarTintTest : MemoryWorld {
     }
     static UIAppearance allTinted() { return {tint, tint, tint}; }
     static UITextAttributes onlyForeground(UIColor color) { return {{"NSColor", color}}; }
-    /// What a page looks like before anyone tints it, but with every field set.
-    void setFormerLook() {
+    /// Gives the page a look of its own, with every field set, before any tint.
+    void setOriginalLook() {
         bar().setTitleTextAttributes({{"NSColor", former}, {"NSShadow", former}});
         bar().setTintColor(former);
         bar().setBarTintColor(former);
@@ -45,22 +45,22 @@ struct NavigationBarTintTest : MemoryWorld {
     std::shared_ptr<TintedPage> page = std::make_shared<TintedPage>();
 };
 
-TEST_F(NavigationBarTintTest, TitleHasTheTintAndNoOtherAttribute) {
+TEST_F(NavigationBarTintTest, TitleGetsTheTintAndNoOtherAttribute) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(bar().titleTextAttributes(), onlyForeground(tint));
 }
 
-TEST_F(NavigationBarTintTest, ButtonsHaveTheTintAndTheBarKeepsItsBackground) {
+TEST_F(NavigationBarTintTest, ButtonsGetTheTintAndTheBarKeepsItsBackground) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(bar().tintColor(), tint);
     EXPECT_EQ(bar().barTintColor(), former);
 }
 
-TEST_F(NavigationBarTintTest, VisibleViewHasTheTintAndResizesItsSubviews) {
+TEST_F(NavigationBarTintTest, VisibleViewGetsTheTintAndResizesItsSubviews) {
     enterSplit();
     page->view()->setAutoresizesSubviews(false);
     FBSetPrefsTint(page, tint);
@@ -68,13 +68,13 @@ TEST_F(NavigationBarTintTest, VisibleViewHasTheTintAndResizesItsSubviews) {
     EXPECT_TRUE(page->view()->autoresizesSubviews());
 }
 
-TEST_F(NavigationBarTintTest, PageExtendsUnderTheBottomBarOnly) {
+TEST_F(NavigationBarTintTest, PageExtendsOnlyUnderTheBottomBar) {
     enterSplit();
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(page->edgesForExtendedLayout(), 4U);
 }
 
-TEST_F(NavigationBarTintTest, EdgesAreLeftAloneOnASystemWithoutThem) {
+TEST_F(NavigationBarTintTest, EdgesStayOnASystemWithoutThem) {
     setMethodsLackingOnThisSystem({"edgesForExtendedLayout"});
     enterSplit();
     FBSetPrefsTint(page, tint);
@@ -82,7 +82,7 @@ TEST_F(NavigationBarTintTest, EdgesAreLeftAloneOnASystemWithoutThem) {
     EXPECT_EQ(appearance(), allTinted());
 }
 
-TEST_F(NavigationBarTintTest, ControlsInPagesOfTheClassHaveTheTint) {
+TEST_F(NavigationBarTintTest, ControlsInPagesOfTheClassGetTheTint) {
     enterSplit();
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(appearance().segmentedControlTintColor, tint);
@@ -90,7 +90,7 @@ TEST_F(NavigationBarTintTest, ControlsInPagesOfTheClassHaveTheTint) {
     EXPECT_EQ(appearance().switchOnTintColor, tint);
 }
 
-TEST_F(NavigationBarTintTest, ControlsInPagesOfOtherClassesAreLeftAlone) {
+TEST_F(NavigationBarTintTest, ControlsInPagesOfOtherClassesStay) {
     enterSplit();
     FBSetPrefsTint(page, tint);
     const auto& application = UIApplication::sharedApplication();
@@ -98,7 +98,7 @@ TEST_F(NavigationBarTintTest, ControlsInPagesOfOtherClassesAreLeftAlone) {
     EXPECT_EQ(application->appearanceWhenContainedIn(UINavigationController::classObject()), UIAppearance());
 }
 
-TEST_F(NavigationBarTintTest, MasterSideIsLeftAlone) {
+TEST_F(NavigationBarTintTest, MasterSideStays) {
     const auto list = std::make_shared<UIViewController>();
     master->pushViewController(list, false);
     enterSplit();
@@ -120,7 +120,7 @@ TEST_F(NavigationBarTintTest, PageOnTheMasterSideTintsTheDetailSide) {
     EXPECT_EQ(page->edgesForExtendedLayout(), 15U);
 }
 
-TEST_F(NavigationBarTintTest, SubPageThatIsVisibleGetsTheTintInPlaceOfTheRootPage) {
+TEST_F(NavigationBarTintTest, VisibleSubPageGetsTheTintInsteadOfTheRootPage) {
     const auto subPage = std::make_shared<UIViewController>();
     enterSplit();
     detail->pushViewController(subPage, false);
@@ -131,7 +131,7 @@ TEST_F(NavigationBarTintTest, SubPageThatIsVisibleGetsTheTintInPlaceOfTheRootPag
     EXPECT_EQ(subPage->edgesForExtendedLayout(), 15U);
 }
 
-TEST_F(NavigationBarTintTest, OutsideASplitOnlyEdgesAndControlsAreTinted) {
+TEST_F(NavigationBarTintTest, OutsideASplitOnlyEdgesAndControlsChange) {
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(bar().tintColor(), std::nullopt);
     EXPECT_TRUE(bar().titleTextAttributes().empty());
@@ -140,7 +140,7 @@ TEST_F(NavigationBarTintTest, OutsideASplitOnlyEdgesAndControlsAreTinted) {
     EXPECT_EQ(appearance(), allTinted());
 }
 
-TEST_F(NavigationBarTintTest, DetailSideThatIsNoNavigationControllerIsSkipped) {
+TEST_F(NavigationBarTintTest, DetailSideThatIsNotANavigationControllerIsSkipped) {
     split->setViewControllers({detail, std::make_shared<UIViewController>()});
     FBSetPrefsTint(page, tint);
     EXPECT_EQ(bar().tintColor(), std::nullopt);
@@ -149,7 +149,7 @@ TEST_F(NavigationBarTintTest, DetailSideThatIsNoNavigationControllerIsSkipped) {
     EXPECT_EQ(appearance(), allTinted());
 }
 
-TEST_F(NavigationBarTintTest, DetailSideWithoutAPageHasItsBarTinted) {
+TEST_F(NavigationBarTintTest, DetailSideWithoutAPageGetsATintedBar) {
     const auto empty = std::make_shared<UINavigationController>();
     split->setViewControllers({detail, empty});
     FBSetPrefsTint(page, tint);
@@ -180,9 +180,9 @@ TEST_F(NavigationBarTintTest, SecondTintReplacesTheFirst) {
     EXPECT_EQ(appearance(), allTinted());
 }
 
-TEST_F(NavigationBarTintTest, NoColorIsTheSystemsOwn) {
+TEST_F(NavigationBarTintTest, MissingColorRestoresTheSystemColors) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     FBSetPrefsTint(page, std::nullopt);
     EXPECT_TRUE(bar().titleTextAttributes().empty());
     EXPECT_EQ(bar().tintColor(), std::nullopt);
@@ -192,20 +192,20 @@ TEST_F(NavigationBarTintTest, NoColorIsTheSystemsOwn) {
 
 TEST_F(NavigationBarTintTest, ResetMakesTheTitleBlack) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     FBResetPrefsTint(page);
     EXPECT_EQ(bar().titleTextAttributes(), onlyForeground({0, 0, 0, 1}));
 }
 
-TEST_F(NavigationBarTintTest, ResetGivesTheBarTheSystemsColorsAlsoWhereTheTintSetNone) {
+TEST_F(NavigationBarTintTest, ResetRestoresEveryBarColorEvenIfNeverTinted) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     FBResetPrefsTint(page);
     EXPECT_EQ(bar().barTintColor(), std::nullopt);
     EXPECT_EQ(bar().tintColor(), std::nullopt);
 }
 
-TEST_F(NavigationBarTintTest, ResetTakesTheTintAndTheResizingFromTheVisibleView) {
+TEST_F(NavigationBarTintTest, ResetRemovesTintAndResizingFromTheVisibleView) {
     enterSplit();
     FBSetPrefsTint(page, tint);
     FBResetPrefsTint(page);
@@ -213,7 +213,7 @@ TEST_F(NavigationBarTintTest, ResetTakesTheTintAndTheResizingFromTheVisibleView)
     EXPECT_FALSE(page->view()->autoresizesSubviews());
 }
 
-TEST_F(NavigationBarTintTest, ResetLeavesEdgesAndControlsAsTheTintLeftThem) {
+TEST_F(NavigationBarTintTest, ResetKeepsTheTintsEdgesAndControls) {
     enterSplit();
     FBSetPrefsTint(page, tint);
     FBResetPrefsTint(page);
@@ -221,7 +221,7 @@ TEST_F(NavigationBarTintTest, ResetLeavesEdgesAndControlsAsTheTintLeftThem) {
     EXPECT_EQ(appearance(), allTinted());
 }
 
-TEST_F(NavigationBarTintTest, ResetWithoutATintTouchesNeitherEdgesNorControls) {
+TEST_F(NavigationBarTintTest, ResetWithoutATintChangesNeitherEdgesNorControls) {
     enterSplit();
     FBResetPrefsTint(page);
     EXPECT_EQ(page->edgesForExtendedLayout(), 15U);
@@ -229,7 +229,7 @@ TEST_F(NavigationBarTintTest, ResetWithoutATintTouchesNeitherEdgesNorControls) {
 }
 
 TEST_F(NavigationBarTintTest, ResetOutsideASplitDoesNothing) {
-    setFormerLook();
+    setOriginalLook();
     FBResetPrefsTint(page);
     EXPECT_EQ(bar().tintColor(), former);
     EXPECT_EQ(bar().titleTextAttributes().size(), 2U);
@@ -237,9 +237,9 @@ TEST_F(NavigationBarTintTest, ResetOutsideASplitDoesNothing) {
     EXPECT_TRUE(page->view()->autoresizesSubviews());
 }
 
-TEST_F(NavigationBarTintTest, ResetIsDoneInOrder) {
+TEST_F(NavigationBarTintTest, ResetHappensInOrder) {
     enterSplit();
-    setFormerLook();
+    setOriginalLook();
     Lines order;
     const auto ofBar = bar().observe([&] {
         order.push_back(bar().tintColor()                         ? "background"

@@ -37,7 +37,7 @@ TEST_F(ProfileLinksTest, TwitterIsFourth) {
                      "canOpenURL twitter: yes", "openURL twitter://user?screen_name=someone yes"}));
 }
 
-TEST_F(ProfileLinksTest, WebIsLastWithoutAProbeAndInPlainHTTP) {
+TEST_F(ProfileLinksTest, WebIsLastAndOpensOverPlainHTTPWithoutAProbe) {
     device.setLinkSchemes({"http", "https"});
     EXPECT_TRUE(FBOpenTwitterUsername("someone"));
     EXPECT_EQ(links(),
@@ -51,7 +51,7 @@ TEST_F(ProfileLinksTest, TweetbotWinsOverTwitter) {
     EXPECT_EQ(links().back(), "openURL tweetbot:///user_profile/someone yes");
 }
 
-TEST_F(ProfileLinksTest, TwitterrificWinsOverTweetingsAndThatOverTwitter) {
+TEST_F(ProfileLinksTest, TwitterrificWinsOverTweetingsWhichWinsOverTwitter) {
     device.setLinkSchemes({"twitter", "tweetings", "twitterrific"});
     FBOpenTwitterUsername("someone");
     EXPECT_EQ(links().back(), "openURL twitterrific:///profile?screen_name=someone yes");
@@ -60,7 +60,7 @@ TEST_F(ProfileLinksTest, TwitterrificWinsOverTweetingsAndThatOverTwitter) {
     EXPECT_EQ(links().back(), "openURL tweetings:///user?screen_name=someone yes");
 }
 
-TEST_F(ProfileLinksTest, NothingThatOpensTheWebIsFalse) {
+TEST_F(ProfileLinksTest, ReturnsFalseIfNothingOpensTheWeb) {
     device.setLinkSchemes({"https"});
     EXPECT_FALSE(FBOpenTwitterUsername("someone"));
     EXPECT_EQ(links().back(), "openURL http://twitter.com/someone no");
@@ -72,7 +72,7 @@ TEST_F(ProfileLinksTest, UsernameGoesIntoTheLinkUnescaped) {
     EXPECT_EQ(links().back(), "openURL tweetings:///user?screen_name=a/b?c&d#e+%20 yes");
 }
 
-TEST_F(ProfileLinksTest, UsernameThatALinkCannotHoldIsFalse) {
+TEST_F(ProfileLinksTest, ReturnsFalseForAUsernameInvalidInALink) {
     device.setLinkSchemes({"tweetings"});
     for (const std::string name : {"a b", "\xC3\xBC", "a\"b", "100%"}) {
         EXPECT_FALSE(FBOpenTwitterUsername(name));
@@ -80,7 +80,7 @@ TEST_F(ProfileLinksTest, UsernameThatALinkCannotHoldIsFalse) {
     }
 }
 
-TEST_F(ProfileLinksTest, LinkThatTheClientRefusesIsFalseAndTriedNowhereElse) {
+TEST_F(ProfileLinksTest, ReturnsFalseWithoutFurtherTriesIfTheClientRefusesTheLink) {
     struct RefusingDevice : MemoryDevice {
         bool open(const std::string& /*url*/) override { return false; }
     };
@@ -93,7 +93,7 @@ TEST_F(ProfileLinksTest, LinkThatTheClientRefusesIsFalseAndTriedNowhereElse) {
                               "openURL twitterrific:///profile?screen_name=a b no"}));
 }
 
-TEST_F(ProfileLinksTest, MailGoesToTheAddressWithoutAProbe) {
+TEST_F(ProfileLinksTest, MailOpensWithoutAProbe) {
     device.setLinkSchemes({"mailto"});
     EXPECT_TRUE(FBOpenMailAddress("someone@example.com"));
     EXPECT_EQ(links(), (Lines{"openURL mailto:someone@example.com yes"}));

@@ -25,7 +25,7 @@ struct ShareButtonTest : MemoryWorld {
     std::shared_ptr<UIViewController> page = std::make_shared<UIViewController>();
 };
 
-TEST_F(ShareButtonTest, ButtonCarriesImagePageAndText) {
+TEST_F(ShareButtonTest, ButtonHasImagePageAndText) {
     const auto button = add(page);
     ASSERT_TRUE(button);
     EXPECT_EQ(button->image(), image);
@@ -34,13 +34,13 @@ TEST_F(ShareButtonTest, ButtonCarriesImagePageAndText) {
     EXPECT_EQ(button->shareText(), "Look at this!");
 }
 
-TEST_F(ShareButtonTest, ButtonTellsTheSharedHandler) {
+TEST_F(ShareButtonTest, ButtonTargetsTheSharedHandler) {
     const auto button = add(page);
     EXPECT_EQ(button->action().target.lock(), FBTwitterShareHandler::sharedInstance());
     EXPECT_EQ(button->action().selector, "shareTapped:");
 }
 
-TEST_F(ShareButtonTest, ButtonIsDrawnOnATransparentBackground) {
+TEST_F(ShareButtonTest, ButtonHasATransparentBackground) {
     const auto button = add(page);
     ASSERT_TRUE(button->backgroundImage());
     EXPECT_EQ(button->backgroundImage()->size(), (CGSize{20, 20}));
@@ -49,12 +49,12 @@ TEST_F(ShareButtonTest, ButtonIsDrawnOnATransparentBackground) {
     EXPECT_EQ(button->backgroundImage()->scale(), UIScreen::mainScreen()->scale());
 }
 
-TEST_F(ShareButtonTest, DrawingTheBackgroundLeavesNoDrawingOpen) {
+TEST_F(ShareButtonTest, CreatingTheBackgroundLeavesNoContextOpen) {
     add(page);
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
 }
 
-TEST_F(ShareButtonTest, ButtonIsReadyWhenTheBarShowsIt) {
+TEST_F(ShareButtonTest, ButtonIsCompleteWhenTheBarGetsIt) {
     std::vector<std::string> texts;
     const auto subscription = page->navigationItem().observe([&] {
         const auto button = buttonOf(page);
@@ -64,7 +64,7 @@ TEST_F(ShareButtonTest, ButtonIsReadyWhenTheBarShowsIt) {
     EXPECT_EQ(texts, (std::vector<std::string>{"Look at this!"}));
 }
 
-TEST_F(ShareButtonTest, NoImageIsNoReasonToLeaveTheButtonOut) {
+TEST_F(ShareButtonTest, ButtonWorksWithoutAnImage) {
     image = nullptr;
     const auto button = add(page);
     ASSERT_TRUE(button);
@@ -101,13 +101,13 @@ TEST_F(ShareButtonTest, TapPresentsATwitterSheetWithTheText) {
     EXPECT_EQ(UIApplication::sharedApplication()->presented().size(), 1U);
 }
 
-TEST_F(ShareButtonTest, TapAsksForNoAccountAndOpensNothing) {
+TEST_F(ShareButtonTest, TapRequestsNoAccountAndOpensNothing) {
     add(page)->tap();
     EXPECT_TRUE(effects.empty());
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
 }
 
-TEST_F(ShareButtonTest, EachTapPresentsASheetOfItsOwn) {
+TEST_F(ShareButtonTest, EveryTapPresentsItsOwnSheet) {
     const auto button = add(page);
     button->tap();
     const auto first = sheet();
@@ -116,7 +116,7 @@ TEST_F(ShareButtonTest, EachTapPresentsASheetOfItsOwn) {
     EXPECT_EQ(UIApplication::sharedApplication()->presented().size(), 2U);
 }
 
-TEST_F(ShareButtonTest, TapPresentsFromThePageOfTheButtonTappedWithItsText) {
+TEST_F(ShareButtonTest, TapUsesTheTappedButtonsPageAndText) {
     const auto other = std::make_shared<UIViewController>();
     const auto first = add(page, "first");
     const auto second = add(other, "second");

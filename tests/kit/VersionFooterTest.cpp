@@ -17,7 +17,7 @@ struct VersionFooterTest : MemoryWorld {
     }
 };
 
-TEST_F(VersionFooterTest, IsAnEmptyGroupWithACentredFooter) {
+TEST_F(VersionFooterTest, IsAnEmptyGroupWithACenteredFooter) {
     setVersion("Version: 2.0.1\n");
     const auto row = FBVersionCopyrightSpecifier("com.corvane.prismo2", "quillmoth", "2016");
     EXPECT_EQ(rowText(*row), "group \"\" footerAlignment=\"1\" "
@@ -26,11 +26,11 @@ TEST_F(VersionFooterTest, IsAnEmptyGroupWithACentredFooter) {
     EXPECT_EQ(static_cast<int>(row->cellType()), 0);
 }
 
-TEST_F(VersionFooterTest, StartYearThatIsTheCurrentOneStandsAlone) {
+TEST_F(VersionFooterTest, CurrentYearAsStartYearIsShownOnce) {
     EXPECT_EQ(footer("2026"), "© quillmoth 2026\n ");
 }
 
-TEST_F(VersionFooterTest, StartYearInTheFutureIsNotPutInOrder) {
+TEST_F(VersionFooterTest, FutureStartYearIsNotReordered) {
     EXPECT_EQ(footer("2030"), "© quillmoth 2030 - 2026\n ");
 }
 
@@ -38,7 +38,7 @@ TEST_F(VersionFooterTest, StartYearIsComparedAsText) {
     EXPECT_EQ(footer("02026"), "© quillmoth 02026 - 2026\n ");
 }
 
-TEST_F(VersionFooterTest, YearIsTheUTCOneUntilTheLastSecond) {
+TEST_F(VersionFooterTest, YearIsCurrentUntilTheLastSecondInUTC) {
     device.setWallClock(std::chrono::sys_days(2026y / 12 / 31) + 23h + 59min + 59s);
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n ");
 }
@@ -48,7 +48,7 @@ TEST_F(VersionFooterTest, YearChangesAtMidnightUTC) {
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2027\n ");
 }
 
-TEST_F(VersionFooterTest, LocalTimeZoneDoesNotCount) {
+TEST_F(VersionFooterTest, LocalTimeZoneIsIgnored) {
     const char* former = std::getenv("TZ");
     const std::string kept = former ? former : "";
     setenv("TZ", "Pacific/Kiritimati", 1); // 14 hours ahead of UTC
@@ -59,28 +59,28 @@ TEST_F(VersionFooterTest, LocalTimeZoneDoesNotCount) {
     tzset();
 }
 
-TEST_F(VersionFooterTest, NoVersionLeavesOneBlankOnTheSecondLine) {
+TEST_F(VersionFooterTest, MissingVersionLeavesASingleSpaceOnTheSecondLine) {
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n ");
 }
 
-TEST_F(VersionFooterTest, EveryLineThatTheQueryPrintsIsShownUnchanged) {
+TEST_F(VersionFooterTest, EveryLineOfTheOutputIsShownUnchanged) {
     setVersion("Version: 1\nConfig-Version: 2 \n\n");
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n Version: 1\nConfig-Version: 2 \n\n");
 }
 
-TEST_F(VersionFooterTest, OutputThatIsNotASCIIShowsAsAMissingObject) {
+TEST_F(VersionFooterTest, NonASCIIOutputShowsAsNull) {
     setVersion("Version: 2\xC3\xA9\n");
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n (null)");
 }
 
-TEST_F(VersionFooterTest, ASCIIEndsWithDelete) {
+TEST_F(VersionFooterTest, DeleteIsTheLastASCIICharacter) {
     setVersion("\x7F");
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n \x7F");
     setVersion("\x80");
     EXPECT_EQ(footer(), "© quillmoth 2016 - 2026\n (null)");
 }
 
-TEST_F(VersionFooterTest, VersionIsAskedOfThePackageDatabaseThroughAShell) {
+TEST_F(VersionFooterTest, VersionComesFromThePackageDatabaseThroughAShell) {
     footer();
     ASSERT_EQ(effects.size(), 1U);
     EXPECT_EQ(effects[0].effect,
@@ -95,7 +95,7 @@ TEST_F(VersionFooterTest, PackageIdentifierReachesTheShellUnquoted) {
               Value(Array{"/bin/sh", "-c", "dpkg -s a; echo 'b' $c | grep 'Version'"}));
 }
 
-TEST_F(VersionFooterTest, EveryCallAsksAnew) {
+TEST_F(VersionFooterTest, EveryCallAsksAgain) {
     setVersion("Version: 1\n");
     footer();
     setVersion("Version: 2\n");
@@ -103,7 +103,7 @@ TEST_F(VersionFooterTest, EveryCallAsksAnew) {
     EXPECT_EQ(effectsOfKind("task").size(), 2U);
 }
 
-TEST_F(VersionFooterTest, HolderIsInsertedUnchanged) {
+TEST_F(VersionFooterTest, CopyrightHolderIsInsertedUnchanged) {
     const auto row = FBVersionCopyrightSpecifier("x", "%@ & ©", "2016");
     EXPECT_EQ(row->propertyForKey("footerText"), Value("© %@ & © 2016 - 2026\n "));
 }
