@@ -7,7 +7,7 @@ namespace prismo {
 
 /// An application with a window, and a banner in it.
 struct BannerWorld : MemoryWorld {
-    /// Keeps the senders of "tapped:".
+    /// Records the senders of "tapped:".
     struct Target : NSObject {
         static const Class& classObject() {
             static const Class objectClass("Target", &NSObject::classObject(), nullptr,
@@ -27,7 +27,7 @@ struct BannerWorld : MemoryWorld {
                                                    std::move(action), actionTarget);
     }
     UIButton& button() { return *banner->actionButton(); }
-    /// Runs until that moment since the start.
+    /// Runs until this time since the start.
     void runTo(std::chrono::nanoseconds moment) { device.runLoop().run(moment - now()); }
 
     std::shared_ptr<UIWindow> window = UIApplication::sharedApplication()->keyWindow();

@@ -1,4 +1,4 @@
-// The banner and what it looks like. When it comes and goes is StatusBarAlertTimingTest.
+// The banner and its look. For when it is shown, see StatusBarAlertTimingTest.
 
 #include "tests/alert/BannerWorld.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 struct StatusBarAlertTest : BannerWorld {};
 
-TEST_F(StatusBarAlertTest, IsBuiltAndNotShown) {
+TEST_F(StatusBarAlertTest, IsNotShownAtCreation) {
     make();
     EXPECT_EQ(button().alpha(), 0);
     EXPECT_FALSE(button().isHidden());
@@ -27,7 +27,7 @@ TEST_F(StatusBarAlertTest, IsTwentyPointsHighAndAsWideAsTheScreen) {
     EXPECT_EQ(button().autoresizingMask(), 18U);
 }
 
-TEST_F(StatusBarAlertTest, KeepsWhatItWasMadeWith) {
+TEST_F(StatusBarAlertTest, KeepsItsCreationArguments) {
     make("com.example.changed", "tapped:", target);
     EXPECT_EQ(banner->message(), "Something changed");
     EXPECT_EQ(banner->notification(), "com.example.changed");
@@ -36,14 +36,14 @@ TEST_F(StatusBarAlertTest, KeepsWhatItWasMadeWith) {
     EXPECT_EQ(banner->applicationWindow(), window);
 }
 
-TEST_F(StatusBarAlertTest, IsLightGreyWithBlackTextUnlessTold) {
+TEST_F(StatusBarAlertTest, IsLightGrayWithBlackTextByDefault) {
     make();
     EXPECT_EQ(banner->backgroundColor(), (UIColor{0.96, 0.96, 0.96, 1}));
     EXPECT_EQ(banner->textColor(), (UIColor{0, 0, 0, 1}));
     EXPECT_EQ(button().backgroundColor(), (UIColor{0.96, 0.96, 0.96, 1}));
 }
 
-TEST_F(StatusBarAlertTest, ShowGivesTheButtonMessageColorsAndFont) {
+TEST_F(StatusBarAlertTest, ShowAppliesMessageColorsAndFont) {
     make();
     banner->setMessage("Hello – there");
     banner->setBackgroundColor({0, 0.5, 1, 0.9});
@@ -56,7 +56,7 @@ TEST_F(StatusBarAlertTest, ShowGivesTheButtonMessageColorsAndFont) {
     EXPECT_EQ(button().titleLabel()->font(), (UIFont{.pointSize = 12, .isBold = true}));
 }
 
-TEST_F(StatusBarAlertTest, ChangesCountFromTheNextShowOn) {
+TEST_F(StatusBarAlertTest, ChangesTakeEffectAtTheNextShow) {
     make();
     banner->showOverlayForSeconds(1);
     banner->setMessage("Later");
@@ -82,7 +82,7 @@ TEST_F(StatusBarAlertTest, ShowPutsTheButtonInFrontOfTheWindow) {
     EXPECT_EQ(window->subviews(), (std::vector<std::shared_ptr<UIView>>{other, banner->actionButton()}));
 }
 
-TEST_F(StatusBarAlertTest, WindowIsRaisedBeforeTheButtonStandsInIt) {
+TEST_F(StatusBarAlertTest, WindowIsRaisedBeforeTheButtonIsAdded) {
     make();
     std::vector<double> levels;
     const auto subscription = window->observe([&] {
@@ -103,7 +103,7 @@ TEST_F(StatusBarAlertTest, ButtonIsUnhiddenBeforeTheWindowIsRaised) {
     EXPECT_FALSE(hidden.front());
 }
 
-TEST_F(StatusBarAlertTest, ButtonIsDressedBeforeItStandsInTheWindow) {
+TEST_F(StatusBarAlertTest, ButtonIsStyledBeforeItIsAdded) {
     make();
     std::vector<std::string> titles;
     const auto subscription = window->observe([&] {
@@ -115,7 +115,7 @@ TEST_F(StatusBarAlertTest, ButtonIsDressedBeforeItStandsInTheWindow) {
     EXPECT_EQ(titles.front(), "Something changed");
 }
 
-TEST_F(StatusBarAlertTest, WindowLevelLosesItsFraction) {
+TEST_F(StatusBarAlertTest, WindowLevelIsTruncated) {
     for (const auto& [level, kept] : {std::pair(1.5, 1), std::pair(-1.5, -1), std::pair(999.9, 999)}) {
         window->setWindowLevel(level);
         make();
@@ -126,7 +126,7 @@ TEST_F(StatusBarAlertTest, WindowLevelLosesItsFraction) {
     }
 }
 
-TEST_F(StatusBarAlertTest, WindowLevelBeyondAllIntegersIsTheLastOne) {
+TEST_F(StatusBarAlertTest, WindowLevelIsClampedToTheIntegerRange) {
     using Limits = std::numeric_limits<std::int32_t>;
     for (const auto& [level, kept] : {std::pair(1e300, Limits::max()), std::pair(-1e300, Limits::min()),
                                       std::pair(std::nan(""), std::int32_t{0})}) {
@@ -136,7 +136,7 @@ TEST_F(StatusBarAlertTest, WindowLevelBeyondAllIntegersIsTheLastOne) {
     }
 }
 
-TEST_F(StatusBarAlertTest, WindowLevelIsTakenAtCreationOnly) {
+TEST_F(StatusBarAlertTest, WindowLevelIsReadOnlyAtCreation) {
     window->setWindowLevel(3);
     make();
     window->setWindowLevel(8);
@@ -168,14 +168,14 @@ TEST_F(StatusBarAlertTest, ButtonCanBeReplaced) {
     EXPECT_EQ(other->superview(), window);
 }
 
-TEST_F(StatusBarAlertTest, StaysInTheWindowThatWasTheKeyWindowAtCreation) {
+TEST_F(StatusBarAlertTest, UsesTheKeyWindowOfItsCreation) {
     make();
     UIApplication::sharedApplication()->setKeyWindow(std::make_shared<UIWindow>());
     banner->showOverlayForSeconds(1);
     EXPECT_EQ(button().superview(), window);
 }
 
-TEST_F(StatusBarAlertTest, WithoutAKeyWindowItStandsNowhere) {
+TEST_F(StatusBarAlertTest, WithoutAKeyWindowItHasNoSuperview) {
     UIApplication::sharedApplication()->setKeyWindow(nullptr);
     make();
     EXPECT_EQ(banner->applicationWindow(), nullptr);
@@ -189,20 +189,20 @@ TEST_F(StatusBarAlertTest, WithoutAKeyWindowItStandsNowhere) {
     EXPECT_TRUE(button().isHidden());
 }
 
-TEST_F(StatusBarAlertTest, WithoutAMainScreenItHasNoWidth) {
+TEST_F(StatusBarAlertTest, WithoutAMainScreenItsWidthIsZero) {
     UIApplication::sharedApplication()->setMainScreen(std::nullopt);
     make();
     EXPECT_EQ(button().frame(), (CGRect{{0, 0}, {0, 20}}));
 }
 
-TEST_F(StatusBarAlertTest, ScreenThatGoesTakesTheWidthWithTheNextUpdate) {
+TEST_F(StatusBarAlertTest, UpdateAfterLosingTheScreenMakesTheWidthZero) {
     make();
     UIApplication::sharedApplication()->setMainScreen(std::nullopt);
     banner->updateStatusBarFrame();
     EXPECT_EQ(button().frame(), (CGRect{{0, 0}, {0, 20}}));
 }
 
-TEST_F(StatusBarAlertTest, TurnedScreenGivesItItsWidth) {
+TEST_F(StatusBarAlertTest, RotationGivesItTheNewScreenWidth) {
     make();
     UIApplication::sharedApplication()->setScreenSize({568, 320});
     EXPECT_EQ(button().frame(), (CGRect{{0, 0}, {568, 20}}));
@@ -210,7 +210,7 @@ TEST_F(StatusBarAlertTest, TurnedScreenGivesItItsWidth) {
     EXPECT_EQ(button().frame(), (CGRect{{0, 0}, {320, 20}}));
 }
 
-TEST_F(StatusBarAlertTest, EitherNotificationOfTheStatusBarFitsIt) {
+TEST_F(StatusBarAlertTest, EitherStatusBarNotificationUpdatesTheFrame) {
     make();
     double width = 100;
     for (const auto* name : {"UIApplicationDidChangeStatusBarOrientationNotification",
@@ -222,7 +222,7 @@ TEST_F(StatusBarAlertTest, EitherNotificationOfTheStatusBarFitsIt) {
     }
 }
 
-TEST_F(StatusBarAlertTest, TapSendsTheActionWithTheButtonAndHidesNothing) {
+TEST_F(StatusBarAlertTest, TapSendsTheActionWithTheButtonAndDoesNotHide) {
     make(std::nullopt, "tapped:", target);
     banner->showOverlayForSeconds(5.5F);
     button().sendActionsForControlEvents(UIControlEventTouchUpInside);
@@ -248,7 +248,7 @@ TEST_F(StatusBarAlertTest, WithoutActionOrTargetATapDoesNothing) {
     EXPECT_TRUE(target->senders.empty());
 }
 
-TEST_F(StatusBarAlertTest, TargetAndActionSetLaterAreNotTheButtons) {
+TEST_F(StatusBarAlertTest, TargetAndActionSetLaterDoNotReachTheButton) {
     make();
     banner->setTarget(target);
     banner->setAction("tapped:");

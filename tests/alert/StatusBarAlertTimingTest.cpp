@@ -9,25 +9,25 @@ using namespace std::chrono_literals;
 constexpr auto fade = 300'000'012ns;
 
 struct StatusBarAlertTimingTest : BannerWorld {
-    void shownFully() {
+    void expectShown() {
         EXPECT_EQ(button().alpha(), 1);
         EXPECT_FALSE(button().isHidden());
         EXPECT_EQ(button().superview(), window);
         EXPECT_EQ(window->windowLevel(), 1000);
     }
-    void fadingOut() {
+    void expectFadingOut() {
         EXPECT_EQ(button().alpha(), 0);
         EXPECT_FALSE(button().isHidden());
         EXPECT_EQ(button().superview(), window);
         EXPECT_EQ(window->windowLevel(), 0);
     }
-    void offScreen() {
+    void expectOffScreen() {
         EXPECT_EQ(button().alpha(), 0);
         EXPECT_TRUE(button().isHidden());
         EXPECT_EQ(button().superview(), nullptr);
         EXPECT_EQ(window->windowLevel(), 0);
     }
-    /// How often the window changes while `act` happens.
+    /// How often the window changes during `act`.
     template <typename Act>
     int windowChanges(Act act) {
         int changes = 0;
@@ -37,7 +37,7 @@ struct StatusBarAlertTimingTest : BannerWorld {
     }
 };
 
-TEST_F(StatusBarAlertTimingTest, FadesInOverThreeTenthsInSinglePrecision) {
+TEST_F(StatusBarAlertTimingTest, FadesInOverThreeTenthsOfASecondInSinglePrecision) {
     make();
     banner->showOverlayForSeconds(5.5F);
     EXPECT_EQ(button().presentationAlpha(), 0);
@@ -50,31 +50,31 @@ TEST_F(StatusBarAlertTimingTest, FadesInOverThreeTenthsInSinglePrecision) {
     EXPECT_EQ(button().animationEnd(), fade);
 }
 
-TEST_F(StatusBarAlertTimingTest, StaysForItsSecondsOnceItHasFadedIn) {
+TEST_F(StatusBarAlertTimingTest, StaysForTheGivenTimeAfterFadingIn) {
     make();
     banner->showOverlayForSeconds(5.5F);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms - 1ns);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms);
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, WindowDropsAtTheStartOfTheFadeOutAndTheButtonGoesAtItsEnd) {
+TEST_F(StatusBarAlertTimingTest, FadeOutDropsTheWindowAtItsStartAndRemovesTheButtonAtItsEnd) {
     make();
     banner->showOverlayForSeconds(1);
     const auto hiding = fade + 1s;
     runTo(hiding + fade / 2);
-    fadingOut();
+    expectFadingOut();
     EXPECT_EQ(button().presentationAlpha(), 0.5);
     runTo(hiding + fade - 1ns);
-    fadingOut();
+    expectFadingOut();
     runTo(hiding + fade);
-    offScreen();
+    expectOffScreen();
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
 }
 
-TEST_F(StatusBarAlertTimingTest, EndOfTheFadeOutLeavesTheWindowsLevelAlone) {
+TEST_F(StatusBarAlertTimingTest, EndOfTheFadeOutKeepsTheWindowLevel) {
     make();
     banner->hideOverlay();
     window->setWindowLevel(5);
@@ -83,45 +83,45 @@ TEST_F(StatusBarAlertTimingTest, EndOfTheFadeOutLeavesTheWindowsLevelAlone) {
     EXPECT_EQ(window->windowLevel(), 5);
 }
 
-TEST_F(StatusBarAlertTimingTest, SecondsAreTakenInSinglePrecision) {
+TEST_F(StatusBarAlertTimingTest, SecondsAreSinglePrecision) {
     make();
     banner->showOverlayForSeconds(0.1F); // 0.10000000149011612
     runTo(fade + 100'000'000ns);
-    shownFully();
+    expectShown();
     runTo(fade + 100'000'001ns);
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, NoSecondsAtAllHideItAsSoonAsItIsShown) {
+TEST_F(StatusBarAlertTimingTest, ZeroSecondsHideItAsSoonAsItHasFadedIn) {
     make();
     banner->showOverlayForSeconds(0);
     runTo(fade - 1ns);
-    shownFully();
-    runTo(fade + 1ns); // the timer is made at `fade` and called on the turn after that
-    fadingOut();
+    expectShown();
+    runTo(fade + 1ns); // the timer starts at `fade` and fires on the next turn
+    expectFadingOut();
     EXPECT_EQ(button().animationEnd(), fade + fade);
 }
 
-TEST_F(StatusBarAlertTimingTest, EarlierTimerHidesABannerThatWasShownAgain) {
+TEST_F(StatusBarAlertTimingTest, EarlierTimerHidesABannerShownAgain) {
     make();
     banner->showOverlayForSeconds(5.5F);
     runTo(1s);
     banner->showOverlayForSeconds(5.5F);
     runTo(fade + 5500ms - 1ns);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms);
-    fadingOut();
+    expectFadingOut();
     runTo(fade + 5500ms + fade);
-    offScreen();
+    expectOffScreen();
 }
 
-TEST_F(StatusBarAlertTimingTest, LaterTimerHidesTheHiddenBannerAgain) {
+TEST_F(StatusBarAlertTimingTest, LaterTimerHidesAHiddenBannerAgain) {
     make();
     banner->showOverlayForSeconds(5.5F);
     runTo(1s);
     banner->showOverlayForSeconds(5.5F);
     runTo(6500ms);
-    offScreen();
+    expectOffScreen();
     window->setWindowLevel(5);
     button().setHidden(false);
     runTo(1s + fade + 5500ms - 1ns);
@@ -130,7 +130,7 @@ TEST_F(StatusBarAlertTimingTest, LaterTimerHidesTheHiddenBannerAgain) {
     EXPECT_EQ(window->windowLevel(), 0);
     EXPECT_FALSE(button().isHidden());
     runTo(1s + fade + 5500ms + fade);
-    offScreen();
+    expectOffScreen();
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
 }
 
@@ -138,16 +138,16 @@ TEST_F(StatusBarAlertTimingTest, HiddenBannerCanBeShownAgain) {
     make();
     banner->showOverlayForSeconds(1);
     runFor(10);
-    offScreen();
+    expectOffScreen();
     const auto start = now();
     banner->showOverlayForSeconds(1);
-    shownFully();
+    expectShown();
     EXPECT_EQ(button().presentationAlpha(), 0);
     runTo(start + fade + 1s);
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, ShowWhileShownDoesNotFadeInAgain) {
+TEST_F(StatusBarAlertTimingTest, ShowingAShownBannerDoesNotFadeInAgain) {
     make();
     banner->showOverlayForSeconds(5.5F);
     runTo(1s);
@@ -155,65 +155,65 @@ TEST_F(StatusBarAlertTimingTest, ShowWhileShownDoesNotFadeInAgain) {
     EXPECT_EQ(button().presentationAlpha(), 1);
 }
 
-TEST_F(StatusBarAlertTimingTest, HidingABannerThatWasNeverShownHidesItsButton) {
+TEST_F(StatusBarAlertTimingTest, HidingABannerNeverShownHidesItsButton) {
     make();
     window->setWindowLevel(5);
     banner->hideOverlay();
     EXPECT_EQ(window->windowLevel(), 0);
     EXPECT_FALSE(button().isHidden());
     runTo(fade);
-    offScreen();
+    expectOffScreen();
 }
 
-TEST_F(StatusBarAlertTimingTest, HideOverlayIsSentByName) {
+TEST_F(StatusBarAlertTimingTest, HideOverlayCanBeSentByName) {
     make();
     banner->showOverlayForSeconds(5.5F);
     banner->performSelector("hideOverlay");
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, TapDoesNotShortenItsTime) {
+TEST_F(StatusBarAlertTimingTest, TapDoesNotHideItSooner) {
     make(std::nullopt, "tapped:", target);
     banner->showOverlayForSeconds(5.5F);
     runTo(2s);
     button().sendActionsForControlEvents(UIControlEventTouchUpInside);
     runTo(fade + 5500ms - 1ns);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms);
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, PostedNameShowsItForFiveAndAHalfSeconds) {
+TEST_F(StatusBarAlertTimingTest, NotificationShowsItForFiveAndAHalfSeconds) {
     make("com.example.changed");
     device.postNotification("com.example.changed");
     EXPECT_EQ(button().alpha(), 0);
     runTo(0ns);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms - 1ns);
-    shownFully();
+    expectShown();
     runTo(fade + 5500ms);
-    fadingOut();
+    expectFadingOut();
 }
 
-TEST_F(StatusBarAlertTimingTest, PostOfAnotherProcessShowsItEachTime) {
+TEST_F(StatusBarAlertTimingTest, EveryPostFromAnotherProcessShowsIt) {
     make("com.example.changed");
     for (int i = 0; i < 2; ++i) {
         device.postFromOutside("com.example.changed");
         runFor(0);
-        shownFully();
+        expectShown();
         runFor(10);
-        offScreen();
+        expectOffScreen();
     }
 }
 
-TEST_F(StatusBarAlertTimingTest, OtherNamesDoNotShowIt) {
+TEST_F(StatusBarAlertTimingTest, OtherNotificationsDoNotShowIt) {
     make("com.example.changed");
     device.postFromOutside("com.example.other");
     runFor(0);
     EXPECT_EQ(button().alpha(), 0);
 }
 
-TEST_F(StatusBarAlertTimingTest, WithoutANameNothingIsArmed) {
+TEST_F(StatusBarAlertTimingTest, WithoutANameNothingIsObserved) {
     make();
     EXPECT_EQ(banner->notification(), std::nullopt);
     for (const auto* name : {"com.example.changed", "com.corvane.prismo2.changed"}) {
@@ -222,30 +222,30 @@ TEST_F(StatusBarAlertTimingTest, WithoutANameNothingIsArmed) {
     }
 }
 
-TEST_F(StatusBarAlertTimingTest, PostsDuringASuspensionShowItOnceAfterIt) {
+TEST_F(StatusBarAlertTimingTest, PostsWhileSuspendedShowItOnceOnResume) {
     make("com.example.changed");
-    const int ofOneShow = windowChanges([&] { banner->showOverlayForSeconds(1); });
+    const int changesPerShow = windowChanges([&] { banner->showOverlayForSeconds(1); });
     runFor(10);
     device.systemCenter().setSuspended(true);
     for (int i = 0; i < 2; ++i) {
         device.postFromOutside("com.example.changed");
         runFor(0);
     }
-    offScreen();
-    EXPECT_EQ(windowChanges([&] { device.systemCenter().setSuspended(false); }), ofOneShow);
-    shownFully();
+    expectOffScreen();
+    EXPECT_EQ(windowChanges([&] { device.systemCenter().setSuspended(false); }), changesPerShow);
+    expectShown();
 }
 
-TEST_F(StatusBarAlertTimingTest, ObserverThatIsNoBannerIsLeftAlone) {
+TEST_F(StatusBarAlertTimingTest, ObserverThatIsNotABannerIsIgnored) {
     make();
     showStatusBarAlert(nullptr);
     showStatusBarAlert(std::make_shared<NSObject>());
     EXPECT_EQ(device.runLoop().nextDeadline(), std::nullopt);
     showStatusBarAlert(banner);
-    shownFully();
+    expectShown();
 }
 
-TEST_F(StatusBarAlertTimingTest, LivesUntilItHasGoneOffScreen) {
+TEST_F(StatusBarAlertTimingTest, StaysAliveUntilItIsOffScreen) {
     make();
     const std::weak_ptr<SWStatusBarAlert> watched = banner;
     banner->showOverlayForSeconds(1);
