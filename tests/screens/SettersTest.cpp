@@ -7,9 +7,9 @@ namespace {
 
 struct ModuleSettersTest : World {};
 
-TEST_F(ModuleSettersTest, PagesTellOfEachChangeOnce) {
+TEST_F(ModuleSettersTest, PagesReportEachChangeOnce) {
     const auto picker = std::make_shared<Prismo2AppScope>();
-    expectEachToTellOnce({
+    expectEachToReportOnce({
         setter("application scope", page, [](auto& it) { it.setIsInAppScope(true); }),
         setter("application", page, [](auto& it) { it.setScopeId(exampleApp); }),
         setter("banner", page,
@@ -25,19 +25,19 @@ TEST_F(ModuleSettersTest, PagesTellOfEachChangeOnce) {
     });
 }
 
-TEST_F(ModuleSettersTest, ShareButtonTellsOfEachChangeOnce) {
-    expectEachToTellOnce({
+TEST_F(ModuleSettersTest, ShareButtonReportsEachChangeOnce) {
+    expectEachToReportOnce({
         setter<FBBarButtonItem>("text", [](auto& it) { it.setShareText("a"); }),
         setter<FBBarButtonItem>("page", [&](auto& it) { it.setContainer(page); }),
     });
 }
 
-TEST_F(ModuleSettersTest, ScopeSwitchTellsOfTheScopeBeforeItRebuildsTheRows) {
+TEST_F(ModuleSettersTest, ScopeSwitchReportsTheScopeBeforeRebuildingTheRows) {
     chooseApp();
     std::vector<bool> scopes;
     const auto subscription = page->observe([&] { scopes.push_back(page->scopeId().has_value()); });
     page->setSegmentPreferenceValue(false, nullptr);
-    // The scope, its application, the rows.
+    // In order: the scope, its application, the rows.
     EXPECT_EQ(scopes, (std::vector<bool>{true, false, false}));
 }
 

@@ -8,16 +8,16 @@
 
 namespace prismo {
 
-/// What a completion is called with, and on whatever thread.
+/// Waits for the value passed to a completion, which may run on any thread.
 template <typename T>
 class Answer {
   public:
-    /// May be called once.
+    /// The completion to pass on. It may be called only once.
     std::function<void(T)> completion() {
         return [promise = promise_](T value) { promise->set_value(value); };
     }
     bool isThere() const { return future_.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }
-    /// Throws where none comes in time.
+    /// Waits for the value; throws if none arrives within 60 seconds.
     T get() {
         if (future_.wait_for(std::chrono::seconds(60)) != std::future_status::ready)
             throw std::runtime_error("no answer");

@@ -11,7 +11,7 @@
 
 namespace prismo {
 
-/// Opens the directory, having made it where it is missing.
+/// Returns a function that opens the directory, creating it first if it is missing.
 inline std::function<UniqueFd()> opener(std::filesystem::path path) {
     return [path = std::move(path)] {
         ::mkdir(path.c_str(), 0700);
@@ -24,7 +24,7 @@ inline std::string contents(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A directory that goes, with all it holds, when this does.
+/// A new directory that is removed, with everything in it, on destruction.
 class TemporaryDirectory {
   public:
     TemporaryDirectory() : path_(std::filesystem::temp_directory_path() / "prismo-events-XXXXXX") {

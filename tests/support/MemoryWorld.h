@@ -12,7 +12,7 @@
 
 namespace prismo {
 
-/// A device in memory that also keeps in which mode each file was written.
+/// A device in memory that also records the mode of each file write.
 class TestDevice : public MemoryDevice {
   public:
     std::vector<WriteMode> writeModes;
@@ -31,7 +31,7 @@ inline InstalledApplication systemApp(std::string identifier, std::string name) 
     return {std::move(identifier), std::move(name), true, ""};
 }
 
-/// A new application on a device in memory, and what happened there and when.
+/// A new application on a device in memory. Records every effect and when it happened.
 struct MemoryWorld : testing::Test {
     MemoryWorld() {
         UIApplication::restart();
@@ -47,7 +47,7 @@ struct MemoryWorld : testing::Test {
     std::chrono::nanoseconds now() { return device.runLoop().now(); }
     void runFor(double seconds) { device.runLoop().run(Seconds(seconds)); }
 
-    /// The effects of these kinds, in order: "35 ms post com.example.changed".
+    /// The effects of these kinds, in order, as in "35 ms post com.example.changed".
     std::vector<std::string> timeline(const std::vector<std::string>& kinds = {"write", "reload", "post"}) {
         std::vector<std::string> lines;
         for (const auto& [time, effect] : effects) {
@@ -68,7 +68,7 @@ struct MemoryWorld : testing::Test {
             if (effect.kind == kind) found.push_back(effect);
         return found;
     }
-    /// The links that were probed and opened, in order: "canOpenURL tweetbot: no".
+    /// The links that were probed and opened, in order, as in "canOpenURL tweetbot: no".
     std::vector<std::string> links() {
         std::vector<std::string> lines;
         for (const auto& [time, effect] : effects)

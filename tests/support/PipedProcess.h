@@ -17,10 +17,10 @@
 
 namespace prismo {
 
-/// A second process that tells what it does in lines, until its standard input ends.
+/// A second process that reports what it does in lines and runs until its standard input ends.
 class PipedProcess {
   public:
-    /// Of an executable's path and its arguments.
+    /// Starts an executable, given its path and its arguments.
     explicit PipedProcess(std::vector<std::string> command) : name_(command.front()) {
         std::vector<char*> arguments;
         arguments.reserve(command.size() + 1);
@@ -41,7 +41,7 @@ class PipedProcess {
         input_ = std::move(ownInput);
         output_ = std::move(ownOutput);
     }
-    /// Returns when it has ended.
+    /// Ends the process's input and waits for it to exit.
     ~PipedProcess() {
         output_.reset();
         input_.reset();
@@ -51,17 +51,17 @@ class PipedProcess {
     PipedProcess& operator=(const PipedProcess&) = delete;
 
     pid_t id() const { return process_; }
-    /// The next line that it prints. Throws where none comes in time.
+    /// Waits for the next line of output; throws if none arrives within 30 seconds.
     std::string line() {
-        constexpr int patience = 30'000;
+        constexpr int timeout = 30'000; // milliseconds
         while (!holdsLine())
-            if (!readMore(patience)) throw std::runtime_error(name_ + " is silent");
+            if (!readMore(timeout)) throw std::runtime_error(name_ + " is silent");
         const auto end = read_.find('\n');
         auto result = read_.substr(0, end);
         read_.erase(0, end + 1);
         return result;
     }
-    /// Has it printed something that `line` has not returned?
+    /// True if there is output that `line` has not returned yet.
     bool hasLine() { return holdsLine() || readMore(0); }
 
   private:
@@ -76,9 +76,9 @@ class PipedProcess {
         return {UniqueFd(ends[0]), UniqueFd(ends[1])};
     }
     bool holdsLine() const { return read_.find('\n') != std::string::npos; }
-    bool readMore(int patience) {
+    bool readMore(int timeout) {
         pollfd ready{input_.get(), POLLIN, 0};
-        if (::poll(&ready, 1, patience) <= 0) return false;
+        if (::poll(&ready, 1, timeout) <= 0) return false;
         std::array<char, 4096> buffer{};
         const auto size = ::read(input_.get(), buffer.data(), buffer.size());
         if (size <= 0) throw std::runtime_error(name_ + " has ended");

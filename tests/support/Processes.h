@@ -7,21 +7,21 @@
 namespace prismo {
 
 struct CommandResult {
-    /// As the shell gives it.
+    /// The exit code as a shell reports it: 128 plus the number of the signal that ended the process.
     int status;
     std::string output;
 };
 
-/// Runs it in the shell, standard error joined to the output.
+/// Runs the command in a shell. The output includes standard error.
 CommandResult shell(const std::string& command);
 
-/// `text` as one word of the shell.
+/// `text` quoted as a single shell word.
 std::string quoted(const std::string& text);
 
-/// Runs `body` in a child process and waits for it; true where it returned true.
+/// Runs `body` in a child process and waits for it; returns what `body` returned.
 bool inChild(const std::function<bool()>& body);
 
-/// Runs `body` in a child process that may do no more than any user ("nobody" where this is root's process).
+/// Like `inChild`, without privileges: if this process runs as root, the child becomes "nobody".
 bool asNobody(const std::function<bool()>& body);
 
 } // namespace prismo

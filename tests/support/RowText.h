@@ -8,9 +8,9 @@
 
 namespace prismo {
 
-/// Everything that a row holds but its target, on one line, so that rows compare as text:
-/// `switch "Prismo Enabled" id=enabled set=… get=… default=true key="enabled"`. What is empty is left out;
-/// the kind of a value shows (true, 1, 1.0, "1").
+/// Everything in a row except its target, on one line, so that rows can be compared as text: `switch "Prismo
+/// Enabled" id=enabled set=… get=… default=true key="enabled"`. Empty fields are left out. Values show their
+/// kind (true, 1, 1.0, "1").
 std::string rowText(const PSSpecifier& row);
 std::vector<std::string> rowTexts(const PSSpecifierList& rows);
 

@@ -11,13 +11,13 @@
 
 namespace prismo {
 
-/// A call of a setter, with a value that its object does not have yet.
+/// A call to a setter with a value different from the object's current one.
 struct Setter {
     std::string name;
     std::function<Subscription(std::function<void()>)> observe;
     std::function<void()> call;
 
-    /// How many changes the object tells of while it is called.
+    /// How many changes the object reports during the call.
     int changes() const {
         int count = 0;
         const auto subscription = observe([&] { ++count; });
@@ -33,21 +33,21 @@ Setter setter(std::string name, const std::shared_ptr<Object>& object,
             [object](std::function<void()> observer) { return object->observe(std::move(observer)); },
             [object, call = std::move(call)] { call(*object); }};
 }
-/// Of a new object.
+/// A setter of a new object.
 template <typename Object>
 Setter setter(std::string name, std::function<void(Object&)> call) {
     return setter(std::move(name), std::make_shared<Object>(), std::move(call));
 }
 
-inline void expectEachToTellOnce(const std::vector<Setter>& setters) {
+inline void expectEachToReportOnce(const std::vector<Setter>& setters) {
     for (const auto& setter : setters) {
         EXPECT_EQ(setter.changes(), 1) << setter.name;
-        EXPECT_EQ(setter.changes(), 0) << setter.name << ", to the value that is there";
+        EXPECT_EQ(setter.changes(), 0) << setter.name << ", set to its current value";
     }
 }
 
-/// Of calls that change something whenever they are made.
-inline void expectEachCallToTell(const std::vector<Setter>& setters) {
+/// For calls that change something every time.
+inline void expectEachCallToReport(const std::vector<Setter>& setters) {
     for (const auto& setter : setters) {
         EXPECT_EQ(setter.changes(), 1) << setter.name;
         EXPECT_EQ(setter.changes(), 1) << setter.name << ", again";

@@ -17,7 +17,7 @@
 
 namespace prismo {
 
-/// A device with the bundle and an application "Example", and a root page that no one shows yet.
+/// A device with the bundle and an application "Example", and a root page that is not on screen yet.
 struct World : MemoryWorld {
     static constexpr const char* exampleApp = "com.example.app";
 
@@ -41,22 +41,22 @@ struct World : MemoryWorld {
     }
 
     void store(Dictionary settings) { device.setPropertyList(settingsFilePath, std::move(settings)); }
-    /// What the file holds now, nothing where it is missing or cannot be read.
+    /// The current content of the file; nullopt if it is missing or unreadable.
     std::optional<Dictionary> stored() { return device.readPropertyList(settingsFilePath); }
 
-    /// Puts the page on screen, as a host does.
+    /// Shows the page on screen, as a host does.
     void show() {
         navigation = std::make_shared<UINavigationController>();
         navigation->pushViewController(page, false);
     }
-    /// Taps a row of a page that is on screen.
+    /// Taps a row of a page on screen.
     static void tap(PSListController& shown, const PSSpecifier& row) {
         const auto position = shown.indexPathForSpecifier(row);
         if (!position) throw std::logic_error("no row to tap");
         shown.tapRow(*position);
     }
 
-    /// The page's first row of that name that is no group. The test fails where there is none.
+    /// The page's first row with this name that is not a group. Throws if there is none.
     std::shared_ptr<PSSpecifier> rowNamed(const std::string& name) {
         return rowWhere([&](const PSSpecifier& row) {
             return row.cellType() != PSCellType::group && row.name() == name;
@@ -70,7 +70,7 @@ struct World : MemoryWorld {
     std::shared_ptr<PSSpecifier> rowOfKey(const std::string& key) {
         return rowWhere([&](const PSSpecifier& row) { return row.propertyForKey("key").isEqual(key); });
     }
-    /// The colour row of an element, which is the one before its type row.
+    /// The color row of an element, which comes right before its type row.
     std::shared_ptr<PSSpecifier> colorRowOf(const std::string& slug) {
         const auto rows = page->rows();
         const auto type = std::ranges::find(*rows, rowOfKey(slug + "_color_type"));
@@ -80,7 +80,7 @@ struct World : MemoryWorld {
         return std::ranges::any_of(*page->rows(), [&](const auto& row) { return row->name() == name; });
     }
 
-    /// Breaks the link by which the data source of a picker keeps it alive.
+    /// Breaks the link through which a picker's data source keeps it alive.
     static void releasePicker(UINavigationController& stack) {
         const auto picker = std::dynamic_pointer_cast<Prismo2AppScope>(stack.topViewController());
         if (!picker) return;
@@ -101,7 +101,7 @@ struct World : MemoryWorld {
     }
 };
 
-/// A row of the root page's kind, made for the test.
+/// A row like those of the root page.
 inline std::shared_ptr<PSSpecifier> switchRow(const std::shared_ptr<NSObject>& target, const std::string& key,
                                               Value defaultValue = {}) {
     auto row = PSSpecifier::preferenceSpecifierNamed(
@@ -112,7 +112,7 @@ inline std::shared_ptr<PSSpecifier> switchRow(const std::shared_ptr<NSObject>& t
     row->setProperty(changeNotification, "PostNotification");
     return row;
 }
-/// The same without a key.
+/// The same row without a key.
 inline std::shared_ptr<PSSpecifier> keylessRow(const std::shared_ptr<NSObject>& target,
                                                Value defaultValue = {}) {
     auto row = switchRow(target, "", std::move(defaultValue));
