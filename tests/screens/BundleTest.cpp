@@ -1,4 +1,4 @@
-// Every class and selector that a row names is there.
+// Every class and selector named by a row exists.
 
 #include "kit/FBBarButtonItem.h"
 #include "screens/colortype/PrismoTypeItemsController.h"
@@ -8,7 +8,7 @@ namespace prismo {
 namespace {
 
 struct BundleTest : World {
-    /// The rows of the root page in all scopes and of the pages below it.
+    /// The rows of the root page in every scope, and of the pages below it.
     PSSpecifierList allRows() {
         PSSpecifierList all;
         const auto add = [&](const std::shared_ptr<PSListController>& shown) {
@@ -31,7 +31,7 @@ struct BundleTest : World {
         std::make_shared<PrismoTypeItemsController>(), std::make_shared<PrismoGlobalTypeItemsController>()};
 };
 
-TEST_F(BundleTest, EverySelectorThatARowNamesIsAnsweredByItsTarget) {
+TEST_F(BundleTest, EveryTargetRespondsToItsRowsSelectors) {
     std::size_t named = 0;
     for (const auto& row : allRows())
         for (const auto& selector : {row->setter(), row->getter(), row->buttonAction()}) {
@@ -44,7 +44,7 @@ TEST_F(BundleTest, EverySelectorThatARowNamesIsAnsweredByItsTarget) {
     EXPECT_GT(named, 50U);
 }
 
-TEST_F(BundleTest, EveryDetailPageThatARowNamesCanBeMade) {
+TEST_F(BundleTest, EveryDetailPageOfARowCanBeCreated) {
     std::size_t named = 0;
     for (const auto& row : allRows()) {
         const auto* detail = row->detailControllerClass();
@@ -55,7 +55,7 @@ TEST_F(BundleTest, EveryDetailPageThatARowNamesCanBeMade) {
     EXPECT_GT(named, 15U);
 }
 
-TEST_F(BundleTest, EveryCellClassThatARowNamesCanBeMade) {
+TEST_F(BundleTest, EveryCellClassOfARowCanBeCreated) {
     std::size_t named = 0;
     for (const auto& row : allRows()) {
         const auto* cellClass = row->propertyForKey("cellClass").asClass();
@@ -66,7 +66,7 @@ TEST_F(BundleTest, EveryCellClassThatARowNamesCanBeMade) {
     EXPECT_EQ(named, 15U);
 }
 
-TEST_F(BundleTest, EveryRowThatStoresPostsTheChange) {
+TEST_F(BundleTest, EveryRowWithASetterPostsTheChange) {
     for (const auto& row : allRows())
         if (row->setter() == "setPreferenceValue:specifier:") {
             EXPECT_EQ(row->propertyForKey("PostNotification"), Value("com.corvane.prismo2.changed"))
@@ -74,14 +74,14 @@ TEST_F(BundleTest, EveryRowThatStoresPostsTheChange) {
         }
 }
 
-TEST_F(BundleTest, OpensWithTheRootPage) {
+TEST_F(BundleTest, PrincipalClassIsTheRootPage) {
     EXPECT_EQ(prismo2PrefsPrincipalClass().name(), "Prismo2PrefsListController");
     const auto made = prismo2PrefsPrincipalClass().create();
     EXPECT_TRUE(std::dynamic_pointer_cast<Prismo2PrefsListController>(made));
     EXPECT_EQ(&made->isa(), &prismo2PrefsPrincipalClass());
 }
 
-TEST_F(BundleTest, ClassesAreFoundByTheirNames) {
+TEST_F(BundleTest, ClassesAreFoundByName) {
     for (const auto* name :
          {"Prismo2PrefsListController", "Prismo2AppScope", "PrismoColorCell", "PrismoTypeItemsController",
           "PrismoGlobalTypeItemsController", "PXApplicationListDataSource"}) {
@@ -94,7 +94,7 @@ TEST_F(BundleTest, ClassesAreFoundByTheirNames) {
     }
 }
 
-TEST_F(BundleTest, ClassesDeriveAsTheyAreDescribed) {
+TEST_F(BundleTest, ClassesHaveTheirSuperclasses) {
     const auto isBelow = [](const Class& objectClass, const char* from) {
         for (const auto* above = objectClass.superclass(); above; above = above->superclass())
             if (above->name() == from) return true;

@@ -15,7 +15,7 @@ struct AppScopePickerTest : World {
                                 userApp("com.example.alpha", "Alpha")});
     }
     ~AppScopePickerTest() override {
-        // A picker that was on no stack has not left one.
+        // A picker that was never on a stack does not leave one either.
         if (picker) picker->setPDataSource(nullptr);
     }
 
@@ -40,7 +40,7 @@ struct AppScopePickerTest : World {
     std::shared_ptr<Prismo2AppScope> picker;
 };
 
-TEST_F(AppScopePickerTest, IsFoundByItsName) {
+TEST_F(AppScopePickerTest, IsFoundByName) {
     EXPECT_EQ(NSClassFromString("Prismo2AppScope"), &Prismo2AppScope::classObject());
     EXPECT_TRUE(std::dynamic_pointer_cast<Prismo2AppScope>(NSClassFromString("Prismo2AppScope")->create()));
     EXPECT_TRUE(Prismo2AppScope::classObject().isSubclassOf(PSViewController::classObject()));
@@ -52,7 +52,7 @@ TEST_F(AppScopePickerTest, TableFillsTheGivenSize) {
     EXPECT_EQ(picker->contentSize(), (CGSize{375, 667}));
 }
 
-TEST_F(AppScopePickerTest, IsBuiltWhereTheSystemsPagesLackTheInitialiser) {
+TEST_F(AppScopePickerTest, IsBuiltEvenIfSystemPagesLackTheInitializer) {
     setMethodsLackingOnThisSystem({"initForContentSize:"});
     open({375, 667});
     setMethodsLackingOnThisSystem({});
@@ -60,7 +60,7 @@ TEST_F(AppScopePickerTest, IsBuiltWhereTheSystemsPagesLackTheInitialiser) {
     EXPECT_EQ(dataSource().sections().size(), 2U);
 }
 
-TEST_F(AppScopePickerTest, ContentSizeIsThatOfTheTable) {
+TEST_F(AppScopePickerTest, ContentSizeIsTheTablesSize) {
     open();
     picker->table()->setFrame({{1, 2}, {30, 40}});
     EXPECT_EQ(picker->contentSize(), (CGSize{30, 40}));
@@ -76,7 +76,7 @@ TEST_F(AppScopePickerTest, TableIsGroupedWithRoomForTheBars) {
     EXPECT_EQ(picker->table()->contentInset(), (UIEdgeInsets{.top = 64, .left = 0, .bottom = 0, .right = 0}));
 }
 
-TEST_F(AppScopePickerTest, TableFollowsThePagesSize) {
+TEST_F(AppScopePickerTest, TableResizesWithThePage) {
     open();
     EXPECT_EQ(picker->table()->autoresizingMask(), 26U);
 }
@@ -96,7 +96,7 @@ TEST_F(AppScopePickerTest, DataSourceKnowsItsPicker) {
     EXPECT_EQ(dataSource().rootController(), picker);
 }
 
-TEST_F(AppScopePickerTest, TitleIsSelectAppWhateverIsSetAndChosen) {
+TEST_F(AppScopePickerTest, TitleIsAlwaysSelectApp) {
     open();
     EXPECT_EQ(picker->title(), "Select App");
     picker->setTitle("No App Selected");
@@ -105,7 +105,7 @@ TEST_F(AppScopePickerTest, TitleIsSelectAppWhateverIsSetAndChosen) {
     EXPECT_EQ(picker->title(), "Select App");
 }
 
-TEST_F(AppScopePickerTest, SectionsAreTheStandardOnes) {
+TEST_F(AppScopePickerTest, HasTheStandardSections) {
     open();
     const auto& descriptors = dataSource().sectionDescriptors();
     ASSERT_EQ(descriptors.size(), 2U);
@@ -116,7 +116,7 @@ TEST_F(AppScopePickerTest, SectionsAreTheStandardOnes) {
     EXPECT_EQ(dataSource().displayIdentifierForIndexPath({1, 1}), "com.example.zeta");
 }
 
-TEST_F(AppScopePickerTest, TapMakesTheApplicationTheScopeAndGoesBack) {
+TEST_F(AppScopePickerTest, TapSelectsTheApplicationAndGoesBack) {
     open();
     effects.clear();
     tapApp({1, 1});
@@ -141,7 +141,7 @@ TEST_F(AppScopePickerTest, TapStoresAndPostsNothing) {
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(AppScopePickerTest, TapLeavesTheScopeSwitchAsItWas) {
+TEST_F(AppScopePickerTest, TapKeepsTheScopeSwitch) {
     open();
     tapApp({1, 0});
     EXPECT_TRUE(page->isInAppScope());
@@ -151,14 +151,14 @@ TEST_F(AppScopePickerTest, TapLeavesTheScopeSwitchAsItWas) {
     EXPECT_FALSE(page->isInAppScope());
 }
 
-TEST_F(AppScopePickerTest, TapOnAPickerThatHasBeenLeftDoesNothing) {
+TEST_F(AppScopePickerTest, TapAfterThePickerIsGoneDoesNothing) {
     open();
     tapApp({1, 0});
     tapApp({1, 1});
     EXPECT_EQ(page->scopeId(), "com.example.alpha");
 }
 
-TEST_F(AppScopePickerTest, RowWithoutAnIdentifierMeansNoApplication) {
+TEST_F(AppScopePickerTest, RowWithoutAnIdentifierClearsTheApplication) {
     open();
     page->setScopeId("com.example.zeta");
     tapApp({7, 0});
@@ -174,7 +174,7 @@ TEST_F(AppScopePickerTest, GoesBackOverPagesInBetween) {
     EXPECT_EQ(navigation->viewControllers().size(), 1U);
 }
 
-TEST_F(AppScopePickerTest, ValueCellTellsTheDataSourceWhichIgnoresIt) {
+TEST_F(AppScopePickerTest, DataSourceIgnoresValueChangesOfItsCells) {
     open();
     const auto cell = std::dynamic_pointer_cast<ALValueCell>(picker->table()->cellForRowAtIndexPath({1, 0}));
     ASSERT_TRUE(cell);
@@ -201,7 +201,7 @@ TEST_F(AppScopePickerTest, GoesBackAnimated) {
     EXPECT_TRUE(watched->lastAnimated);
 }
 
-TEST_F(AppScopePickerTest, RowBeyondTheEndHasNoCell) {
+TEST_F(AppScopePickerTest, RowPastTheEndHasNoCell) {
     open();
     EXPECT_EQ(picker->table()->cellForRowAtIndexPath({1, 2}), nullptr);
 }

@@ -1,4 +1,4 @@
-// What the two choosers of a color type offer.
+// What the two color type choosers offer.
 
 #include "screens/colortype/PrismoTypeItemsController.h"
 #include "tests/support/World.h"
@@ -16,7 +16,7 @@ struct TypeChooserRowsTest : World {
         std::make_shared<PrismoGlobalTypeItemsController>();
 };
 
-TEST_F(TypeChooserRowsTest, OffersThreeTypesEachInAGroupOfItsOwn) {
+TEST_F(TypeChooserRowsTest, OffersThreeTypesEachInItsOwnGroup) {
     EXPECT_EQ(rowTexts(*chooser->specifiers()),
               (Lines{"group \"\" footerText=\"Fallback to the global color.\"",
                      "listItem \"Global\" values=0" + posts, "group \"\" footerText=\"Disable coloring.\"",
@@ -34,7 +34,7 @@ TEST_F(TypeChooserRowsTest, GlobalVariantOffersTwoTypes) {
                      "listItem \"Icon Color\" values=1" + posts}));
 }
 
-TEST_F(TypeChooserRowsTest, ChoicesSpeakToTheirPage) {
+TEST_F(TypeChooserRowsTest, ChoicesTargetTheirPage) {
     for (const auto& shown : {chooser, globalChooser})
         for (const auto& row : *shown->specifiers())
             EXPECT_EQ(row->target(), row->cellType() == PSCellType::group ? nullptr : shown) << rowText(*row);
@@ -50,19 +50,19 @@ TEST_F(TypeChooserRowsTest, RowsAreBuiltOnce) {
     EXPECT_EQ(rows->size(), 6U);
 }
 
-TEST_F(TypeChooserRowsTest, GlobalVariantEditsTheKeptList) {
+TEST_F(TypeChooserRowsTest, GlobalVariantEditsTheCachedList) {
     const auto rows = globalChooser->specifiers();
     EXPECT_EQ(globalChooser->specifiers(), rows);
 }
 
-TEST_F(TypeChooserRowsTest, SecondCallOfTheGlobalVariantLeavesOnlyTheGlobalChoice) {
+TEST_F(TypeChooserRowsTest, SecondCallToTheGlobalVariantLeavesOnlyTheGlobalChoice) {
     globalChooser->specifiers();
     const auto rows = globalChooser->specifiers();
     ASSERT_EQ(rows->size(), 2U);
     EXPECT_EQ(rows->at(1)->name(), "Global");
 }
 
-TEST_F(TypeChooserRowsTest, EditsOfTheGlobalVariantLeaveOtherPagesAlone) {
+TEST_F(TypeChooserRowsTest, GlobalVariantDoesNotAffectOtherPages) {
     globalChooser->specifiers();
     EXPECT_EQ(chooser->specifiers()->at(3)->name(), "Disabled");
     EXPECT_EQ(std::make_shared<PrismoGlobalTypeItemsController>()->specifiers()->size(), 4U);

@@ -1,4 +1,4 @@
-// What the chooser of a color type reads and writes.
+// What the color type chooser reads and writes.
 
 #include "screens/colortype/PrismoTypeItemsController.h"
 #include "tests/support/World.h"
@@ -18,7 +18,7 @@ struct TypeChooserTest : World {
     void write(const Value& value, const std::string& key = "kb_type") {
         chooser->setPreferenceValue(value, row(key));
     }
-    /// Opens the chooser of a row of the page.
+    /// Opens the chooser of the page's row with this name.
     std::shared_ptr<PrismoTypeItemsController> open(const std::string& rowName) {
         show();
         tap(*page, *rowNamed(rowName));
@@ -57,7 +57,7 @@ TEST_F(TypeChooserTest, AppScopeReadsTheApplicationsKey) {
     EXPECT_EQ(read(), Value(1));
 }
 
-TEST_F(TypeChooserTest, ApplicationWithoutATypeReadsAsTheDefaultAndNotTheSystemWideOne) {
+TEST_F(TypeChooserTest, ApplicationWithoutATypeReadsTheDefaultNotTheSystemWideType) {
     store({{"kb_type", 2}});
     chooseApp();
     EXPECT_EQ(read(), Value(0));
@@ -69,7 +69,7 @@ TEST_F(TypeChooserTest, AppScopeWithoutApplicationReadsThePlainKey) {
     EXPECT_EQ(read(), Value(2));
 }
 
-TEST_F(TypeChooserTest, ApplicationDoesNotCountInSystemScope) {
+TEST_F(TypeChooserTest, ApplicationIsIgnoredInSystemScope) {
     store({{"kb_type", 2}, {"com.example.app_kb_type", 1}});
     page->setScopeId(exampleApp);
     EXPECT_EQ(read(), Value(2));
@@ -91,7 +91,7 @@ TEST_F(TypeChooserTest, UnreadableAndMalformedFilesReadAsEmpty) {
     EXPECT_EQ(read(), Value(0));
 }
 
-TEST_F(TypeChooserTest, EveryReadLoadsTheFileAfresh) {
+TEST_F(TypeChooserTest, EveryReadLoadsTheFileAgain) {
     store({{"kb_type", 2}});
     EXPECT_EQ(read(), Value(2));
     store({{"kb_type", 1}});
@@ -115,7 +115,7 @@ TEST_F(TypeChooserTest, AppScopeWithoutApplicationWritesThePlainKey) {
     EXPECT_EQ(stored(), (Dictionary{{"kb_type", 2}}));
 }
 
-TEST_F(TypeChooserTest, ChoosingLeavesAllOtherEntries) {
+TEST_F(TypeChooserTest, ChoosingKeepsAllOtherEntries) {
     store({{"enabled", false}, {"kb_type", 1}, {"x", "y"}});
     write(0);
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}, {"kb_type", 0}, {"x", "y"}}));
@@ -127,7 +127,7 @@ TEST_F(TypeChooserTest, WritingNothingDoesNothing) {
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(TypeChooserTest, FileIsWrittenAtomicallyAndOnceBeforeThePost) {
+TEST_F(TypeChooserTest, FileIsWrittenOnceAndAtomicallyBeforeThePost) {
     write(1);
     EXPECT_EQ(device.writeModes, (std::vector{WriteMode::atomically}));
     EXPECT_EQ(timeline(), (Lines{"0 ms write /User/Library/Preferences/com.corvane.prismo2.plist",
@@ -135,7 +135,7 @@ TEST_F(TypeChooserTest, FileIsWrittenAtomicallyAndOnceBeforeThePost) {
     EXPECT_EQ(effects.back().effect.details, (Dictionary{{"name", "com.corvane.prismo2.changed"}}));
 }
 
-TEST_F(TypeChooserTest, RowWithoutPostNotificationIsWrittenWithoutANotification) {
+TEST_F(TypeChooserTest, RowWithoutPostNotificationIsStoredWithoutAPost) {
     const auto silent = row();
     silent->setProperty({}, "PostNotification");
     chooser->setPreferenceValue(1, silent);
@@ -143,47 +143,47 @@ TEST_F(TypeChooserTest, RowWithoutPostNotificationIsWrittenWithoutANotification)
     EXPECT_TRUE(timeline({"post"}).empty());
 }
 
-TEST_F(TypeChooserTest, NotificationIsTheOneThatTheRowNames) {
+TEST_F(TypeChooserTest, RowNamesTheNotification) {
     const auto other = row();
     other->setProperty("com.example.other", "PostNotification");
     chooser->setPreferenceValue(1, other);
     EXPECT_EQ(timeline({"post"}), (Lines{"0 ms post com.example.other"}));
 }
 
-TEST_F(TypeChooserTest, FailedWriteIsIgnoredAndTheNotificationStillPosted) {
+TEST_F(TypeChooserTest, FailedWriteStillPosts) {
     device.failWrites(settingsFilePath, "No space left on device");
     write(1);
     EXPECT_EQ(timeline(), (Lines{"0 ms post com.corvane.prismo2.changed"}));
 }
 
-TEST_F(TypeChooserTest, MalformedFileIsReplacedByTheKeyJustWritten) {
+TEST_F(TypeChooserTest, WriteReplacesAMalformedFile) {
     device.setFile(settingsFilePath, {'n', 'o'});
     write(1);
     EXPECT_EQ(stored(), (Dictionary{{"kb_type", 1}}));
 }
 
-TEST_F(TypeChooserTest, WritingReloadsNothingItself) {
+TEST_F(TypeChooserTest, WritingDoesNotReload) {
     chooseApp();
     write(1, "scope_enabled");
     EXPECT_TRUE(timeline({"reload"}).empty());
     EXPECT_EQ(now().count(), 0);
 }
 
-TEST_F(TypeChooserTest, DefaultIsMarkedWhereNothingIsStored) {
+TEST_F(TypeChooserTest, DefaultIsCheckedIfNothingIsStored) {
     EXPECT_EQ(checkedRows(*open("Keyboard Enabled")), (Lines{"Global"}));
 }
 
-TEST_F(TypeChooserTest, StoredTypeIsMarked) {
+TEST_F(TypeChooserTest, StoredTypeIsChecked) {
     store({{"keyboard_color_type", 2}});
     EXPECT_EQ(checkedRows(*open("Keyboard Enabled")), (Lines{"Custom"}));
 }
 
-TEST_F(TypeChooserTest, TypeThatIsNotOfferedLeavesNoneMarked) {
+TEST_F(TypeChooserTest, UnofferedTypeChecksNothing) {
     store({{"global_color_type", 2}});
     EXPECT_EQ(checkedRows(*open("Global Enabled")), Lines());
 }
 
-TEST_F(TypeChooserTest, TapStoresTheTypeAndMovesTheMark) {
+TEST_F(TypeChooserTest, TapStoresTheTypeAndMovesTheCheckmark) {
     const auto shown = open("Keyboard Enabled");
     tap(*shown, *shown->rows()->at(5));
     EXPECT_EQ(stored(), (Dictionary{{"keyboard_color_type", 2}}));

@@ -31,19 +31,19 @@ TEST_F(ColorCellTest, ShowsTheColorStoredUnderTheRowsKey) {
     EXPECT_EQ(cell->previewColor(), color("#102030"));
 }
 
-TEST_F(ColorCellTest, RowThatFollowsTheGlobalColorShowsThatColor) {
+TEST_F(ColorCellTest, RowThatFollowsTheGlobalColorShowsIt) {
     store({{"keyboard_color", "#102030:1.000000"}, {"global_color", "#445566:1.000000"}});
     const auto cell = cellOf(colorRow("<Using Global Color>"));
     EXPECT_EQ(cell->prefKey(), "global_color");
     EXPECT_EQ(cell->previewColor(), color("#445566"));
 }
 
-TEST_F(ColorCellTest, NameMustBeExactlyTheOne) {
+TEST_F(ColorCellTest, OnlyTheExactNameFollowsTheGlobalColor) {
     for (const auto* name : {"<using global color>", "<Using Global Color> ", "Using Global Color"})
         EXPECT_EQ(cellOf(colorRow(name))->prefKey(), "keyboard_color");
 }
 
-TEST_F(ColorCellTest, FollowedGlobalColorIsTheSystemWideOneInAppScopeToo) {
+TEST_F(ColorCellTest, FollowedGlobalColorIsSystemWideEvenInAppScope) {
     store({{"com.example.app_global_color", "#000001"}, {"global_color", "#445566"}});
     chooseApp();
     EXPECT_EQ(cellOf(colorRowOf("keyboard"))->swatch(), color("#445566"));
@@ -77,14 +77,14 @@ TEST_F(ColorCellTest, NothingStoredAndNoFallbackShowsWhite) {
     EXPECT_EQ(cell->previewColor(), UIColor::whiteColor());
 }
 
-TEST_F(ColorCellTest, StoredTextThatIsNoColorShowsTheFallback) {
+TEST_F(ColorCellTest, InvalidStoredColorShowsTheFallback) {
     for (const auto& junk : {Value("red"), Value(5), Value(true)}) {
         store({{"keyboard_color", junk}});
         EXPECT_EQ(cellOf(colorRow())->previewColor(), color("#de3027"));
     }
 }
 
-TEST_F(ColorCellTest, StoredAlphaShows) {
+TEST_F(ColorCellTest, StoredAlphaIsShown) {
     store({{"keyboard_color", "#102030:0.500000"}});
     EXPECT_EQ(cellOf(colorRow())->previewColor().alpha, 0.5);
 }
@@ -95,7 +95,7 @@ TEST_F(ColorCellTest, UnreadableFileShowsTheFallback) {
     EXPECT_EQ(cellOf(colorRow())->previewColor(), color("#de3027"));
 }
 
-TEST_F(ColorCellTest, EveryRequestReadsTheFileAfresh) {
+TEST_F(ColorCellTest, EveryRequestReadsTheFileAgain) {
     const auto cell = cellOf(colorRow());
     store({{"keyboard_color", "#102030:1.000000"}});
     EXPECT_EQ(cell->previewColor(), color("#102030"));
@@ -103,7 +103,7 @@ TEST_F(ColorCellTest, EveryRequestReadsTheFileAfresh) {
     EXPECT_EQ(cell->previewColor(), color("#405060"));
 }
 
-TEST_F(ColorCellTest, SwatchIsRefreshedWhenTheSettingsChange) {
+TEST_F(ColorCellTest, SwatchRefreshesWhenTheSettingsChange) {
     const auto cell = cellOf(colorRow());
     store({{"keyboard_color", "#102030:1.000000"}});
     EXPECT_EQ(cell->swatch(), color("#de3027"));
@@ -112,7 +112,7 @@ TEST_F(ColorCellTest, SwatchIsRefreshedWhenTheSettingsChange) {
     EXPECT_EQ(cell->swatch(), color("#102030"));
 }
 
-TEST_F(ColorCellTest, PageDrawsColorRowsWithThisCell) {
+TEST_F(ColorCellTest, PageUsesThisCellForColorRows) {
     show();
     const auto index = static_cast<std::size_t>(std::ranges::find(*page->rows(), rowNamed("Global Color")) -
                                                 page->rows()->begin());

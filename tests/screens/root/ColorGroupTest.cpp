@@ -35,14 +35,14 @@ TEST_F(ColorGroupTest, EveryCallMakesNewRows) {
         EXPECT_NE(first[i], second[i]);
 }
 
-TEST_F(ColorGroupTest, CellTypesHaveThePlatformsNumbers) {
+TEST_F(ColorGroupTest, CellTypesHaveThePlatformsValues) {
     const auto rows = group("Keyboard");
     EXPECT_EQ(static_cast<int>(rows[0]->cellType()), 0);
     EXPECT_EQ(static_cast<int>(rows[1]->cellType()), 1);
     EXPECT_EQ(static_cast<int>(rows[2]->cellType()), 2);
 }
 
-TEST_F(ColorGroupTest, ColorRowItselfReadsAsNothing) {
+TEST_F(ColorGroupTest, ColorRowReadsAsNothing) {
     store({{"", false}, {"keyboard_color", "#112233:1.000000"}, {"com.example.app_", false}});
     EXPECT_EQ(colorRow()->performGetter(), Value());
     chooseApp();
@@ -67,7 +67,7 @@ TEST_F(ColorGroupTest, GlobalGroupHasItsOwnKeys) {
     EXPECT_EQ(rows[2]->propertyForKey("key"), Value("global_color_type"));
 }
 
-TEST_F(ColorGroupTest, KeysAreMadeOfTheTitleInLowerCase) {
+TEST_F(ColorGroupTest, KeysStartWithTheLowercaseTitle) {
     store({{"statusbar_color_type", 2}});
     const auto rows = group("StatusBar");
     EXPECT_EQ(rows[1]->name(), "StatusBar Color");
@@ -75,7 +75,7 @@ TEST_F(ColorGroupTest, KeysAreMadeOfTheTitleInLowerCase) {
     EXPECT_EQ(rows[2]->propertyForKey("key"), Value("statusbar_color_type"));
 }
 
-TEST_F(ColorGroupTest, EverySpaceOfTheTitleBecomesAnUnderscore) {
+TEST_F(ColorGroupTest, SpacesInTheTitleBecomeUnderscoresInTheKeys) {
     store({{"volume_hud_x_color_type", 2}});
     const auto rows = group("Volume HUD X");
     EXPECT_EQ(rows[0]->name(), "Volume HUD X");
@@ -108,7 +108,7 @@ TEST_F(ColorGroupTest, DisabledElementKeepsItsName) {
     EXPECT_EQ(colorRow()->propertyForKey("enabled"), Value(false));
 }
 
-TEST_F(ColorGroupTest, EveryOtherNumberIsAColorOfItsOwn) {
+TEST_F(ColorGroupTest, EveryOtherTypeMeansACustomColor) {
     for (const Value& type : {Value(2), Value(3), Value(-1)}) {
         store({{"keyboard_color_type", type}});
         EXPECT_EQ(colorRow()->name(), "Keyboard Color");
@@ -116,7 +116,7 @@ TEST_F(ColorGroupTest, EveryOtherNumberIsAColorOfItsOwn) {
     }
 }
 
-TEST_F(ColorGroupTest, TypeCountsByItsValueWhateverItsKind) {
+TEST_F(ColorGroupTest, TypeIsComparedByValueRegardlessOfItsKind) {
     store({{"keyboard_color_type", 0.0}});
     EXPECT_EQ(colorRow()->name(), "<Using Global Color>");
     store({{"keyboard_color_type", true}});
@@ -137,25 +137,25 @@ TEST_F(ColorGroupTest, AppScopePrefixesTheColorKeyAndNotTheTypeKey) {
     EXPECT_EQ(rows[2]->propertyForKey("key"), Value("keyboard_color_type"));
 }
 
-TEST_F(ColorGroupTest, SystemWideTypeAppliesToAnApplicationWithoutOne) {
+TEST_F(ColorGroupTest, ApplicationWithoutATypeUsesTheSystemWideOne) {
     store({{"keyboard_color_type", 2}});
     chooseApp();
     EXPECT_EQ(colorRow()->name(), "Keyboard Color");
     EXPECT_TRUE(colorRow()->isEnabled());
 }
 
-TEST_F(ColorGroupTest, TypeOfTheApplicationPrecedesTheSystemWideOne) {
+TEST_F(ColorGroupTest, ApplicationTypeTakesPrecedenceOverSystemWideType) {
     store({{"keyboard_color_type", 2}, {"com.example.app_keyboard_color_type", 1}});
     chooseApp();
     EXPECT_FALSE(colorRow()->isEnabled());
 }
 
-TEST_F(ColorGroupTest, AppScopeWithoutApplicationLeavesTheColorKeyPlain) {
+TEST_F(ColorGroupTest, AppScopeWithoutApplicationKeepsThePlainColorKey) {
     enterAppScope();
     EXPECT_EQ(colorRow()->propertyForKey("prismo_key"), Value("keyboard_color"));
 }
 
-TEST_F(ColorGroupTest, ApplicationDoesNotCountInSystemScope) {
+TEST_F(ColorGroupTest, ApplicationIsIgnoredInSystemScope) {
     page->setScopeId(exampleApp);
     EXPECT_EQ(colorRow()->propertyForKey("prismo_key"), Value("keyboard_color"));
 }

@@ -34,7 +34,7 @@ TEST_F(ColorPickingTest, PickerStartsAtTheStoredColor) {
     EXPECT_EQ(open()->startColor(), colorFromText("#102030:0.5"));
 }
 
-TEST_F(ColorPickingTest, PickerStartsAtTheFallbackWhereNothingIsStored) {
+TEST_F(ColorPickingTest, PickerStartsAtTheFallbackIfNothingIsStored) {
     EXPECT_EQ(open()->startColor(), colorFromText("#de3027"));
 }
 
@@ -52,7 +52,7 @@ TEST_F(ColorPickingTest, RowWithoutAKeyStartsAtTheFallbackAndStoresNothing) {
     EXPECT_TRUE(timeline().empty());
 }
 
-TEST_F(ColorPickingTest, PickerStartsAtTheFallbackWhereTheFileCannotBeRead) {
+TEST_F(ColorPickingTest, PickerStartsAtTheFallbackIfTheFileIsUnreadable) {
     store({{"keyboard_color", "#102030:1.000000"}});
     device.failReads(settingsFilePath, "Permission denied");
     EXPECT_EQ(open()->startColor(), colorFromText("#de3027"));
@@ -81,12 +81,12 @@ TEST_F(ColorPickingTest, AcceptedStartColorKeepsTheStoredAlpha) {
     EXPECT_EQ(stored(), (Dictionary{{"keyboard_color", "#102030:0.250000"}}));
 }
 
-TEST_F(ColorPickingTest, StoredTextIsReadBackAsTheColor) {
+TEST_F(ColorPickingTest, StoredTextReadsBackAsTheColor) {
     choose("#0abc0d:0.5");
     EXPECT_EQ(open()->startColor(), colorFromText("#0abc0d:0.5"));
 }
 
-TEST_F(ColorPickingTest, FileIsWrittenAtomicallyThenTheColorIsPosted) {
+TEST_F(ColorPickingTest, FileIsWrittenAtomicallyBeforeTheColorIsPosted) {
     choose("#0abc0d");
     EXPECT_EQ(device.writeModes, (std::vector{WriteMode::atomically}));
     EXPECT_EQ(timeline(), (Lines{"0 ms write /User/Library/Preferences/com.corvane.prismo2.plist",
@@ -95,19 +95,19 @@ TEST_F(ColorPickingTest, FileIsWrittenAtomicallyThenTheColorIsPosted) {
               (Dictionary{{"name", "com.corvane.prismo2.changed"}, {"object", "#0abc0d:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, CancelledPickerWritesAndPostsNothing) {
+TEST_F(ColorPickingTest, CanceledPickerWritesAndPostsNothing) {
     open()->cancel();
     EXPECT_TRUE(timeline().empty());
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ColorPickingTest, EveryOtherEntryIsKept) {
+TEST_F(ColorPickingTest, AllOtherEntriesAreKept) {
     store({{"enabled", false}, {"keyboard_color", "#102030:1.000000"}});
     choose("#ffffff");
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}, {"keyboard_color", "#ffffff:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, WhatOthersWroteMeanwhileIsOverwritten) {
+TEST_F(ColorPickingTest, ChangesMadeWhileThePickerIsOpenAreOverwritten) {
     store({{"enabled", false}});
     const auto picker = open();
     store({{"enabled", true}, {"new", 1}});
@@ -116,19 +116,19 @@ TEST_F(ColorPickingTest, WhatOthersWroteMeanwhileIsOverwritten) {
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}, {"keyboard_color", "#000000:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, FailedWriteIsIgnoredAndTheColorStillPosted) {
+TEST_F(ColorPickingTest, FailedWriteStillPostsTheColor) {
     device.failWrites(settingsFilePath, "No space left on device");
     choose("#0abc0d");
     EXPECT_EQ(timeline(), (Lines{"0 ms post com.corvane.prismo2.changed"}));
 }
 
-TEST_F(ColorPickingTest, MalformedFileIsReplacedByTheColor) {
+TEST_F(ColorPickingTest, WriteReplacesAMalformedFile) {
     device.setFile(settingsFilePath, {'n', 'o'});
     choose("#0abc0d");
     EXPECT_EQ(stored(), (Dictionary{{"keyboard_color", "#0abc0d:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, RowThatFollowsTheGlobalColorPicksItsOwn) {
+TEST_F(ColorPickingTest, RowThatFollowsTheGlobalColorStillPicksItsOwn) {
     store({{"global_color", "#445566:1.000000"}, {"keyboard_color", "#102030:1.000000"}});
     const auto row = colorRow();
     row->setName("<Using Global Color>");
@@ -140,13 +140,13 @@ TEST_F(ColorPickingTest, RowThatFollowsTheGlobalColorPicksItsOwn) {
               (Dictionary{{"global_color", "#445566:1.000000"}, {"keyboard_color", "#000000:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, KeyIsUsedAsItStandsInAppScope) {
+TEST_F(ColorPickingTest, KeyIsUsedUnchangedInAppScope) {
     chooseApp();
     choose("#0abc0d");
     EXPECT_EQ(stored(), (Dictionary{{"keyboard_color", "#0abc0d:1.000000"}}));
 }
 
-TEST_F(ColorPickingTest, ColorRowOfAnApplicationStoresItsColor) {
+TEST_F(ColorPickingTest, ColorRowInAppScopeStoresTheApplicationsColor) {
     chooseApp();
     show();
     tap(*page, *rowNamed("Global Color"));

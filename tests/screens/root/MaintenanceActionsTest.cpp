@@ -9,7 +9,7 @@ using Lines = std::vector<std::string>;
 
 struct MaintenanceActionsTest : World {};
 
-TEST_F(MaintenanceActionsTest, RespringEndsTheUserInterfaceServerAndDoesNothingElse) {
+TEST_F(MaintenanceActionsTest, RespringOnlyEndsTheUserInterfaceServer) {
     EXPECT_EQ(page->respring(nullptr), 0);
     ASSERT_EQ(effects.size(), 1U);
     EXPECT_EQ(effects[0].effect, (Effect{"spawn",
@@ -18,17 +18,17 @@ TEST_F(MaintenanceActionsTest, RespringEndsTheUserInterfaceServerAndDoesNothingE
                                           {"environment", Array{}}}}));
 }
 
-TEST_F(MaintenanceActionsTest, RespringReturnsTheErrorOfTheStart) {
+TEST_F(MaintenanceActionsTest, RespringReturnsTheErrorFromStartingTheTool) {
     device.failSpawns(EACCES);
     EXPECT_EQ(page->respring(nullptr), EACCES);
 }
 
-TEST_F(MaintenanceActionsTest, RespringIsSentByNameWithASender) {
+TEST_F(MaintenanceActionsTest, RespringCanBeSentByNameWithASender) {
     page->performSelector("respring:", {std::make_shared<NSObject>()});
     EXPECT_EQ(effectsOfKind("spawn").size(), 1U);
 }
 
-TEST_F(MaintenanceActionsTest, ClearingRemovesTheCachedColorsAndNothingElse) {
+TEST_F(MaintenanceActionsTest, ClearingRemovesOnlyTheCachedColors) {
     store({{"cached_icon_color_com.example.app", "#111111"},
            {"cached_icon_color_com.example.second", "#222222"},
            {"com.example.app_keyboard_color", "#333333:1.000000"},
@@ -38,7 +38,7 @@ TEST_F(MaintenanceActionsTest, ClearingRemovesTheCachedColorsAndNothingElse) {
                                     {"global_color", "#444444:1.000000"}}));
 }
 
-TEST_F(MaintenanceActionsTest, OnlyTheExactPrefixIsOneOfACachedColor) {
+TEST_F(MaintenanceActionsTest, OnlyKeysWithTheExactPrefixAreCachedColors) {
     const Dictionary kept{
         {"Cached_icon_color_x", 1},  {"cached_Icon_color_x", 2}, {"com.example.app_cached_icon_color_x", 3},
         {" cached_icon_color_x", 4}, {"cached_icon_color", 5},   {"cached_icon_colorx", 6}};
@@ -50,7 +50,7 @@ TEST_F(MaintenanceActionsTest, OnlyTheExactPrefixIsOneOfACachedColor) {
     EXPECT_EQ(stored(), kept);
 }
 
-TEST_F(MaintenanceActionsTest, ClearingIsTheSameInAppScope) {
+TEST_F(MaintenanceActionsTest, ClearingIgnoresTheScope) {
     store({{"cached_icon_color_x", 1}, {"com.example.app_cached_icon_color_x", 2}});
     chooseApp();
     page->clearIconColorCache();
@@ -64,13 +64,13 @@ TEST_F(MaintenanceActionsTest, ClearingWithoutAFileCreatesAnEmptyOneAndPosts) {
                                  "0 ms post com.corvane.prismo2.changed"}));
 }
 
-TEST_F(MaintenanceActionsTest, ClearingAMalformedFileLeavesAnEmptyOne) {
+TEST_F(MaintenanceActionsTest, ClearingReplacesAMalformedFileWithAnEmptyOne) {
     device.setFile(settingsFilePath, {'n', 'o'});
     page->clearIconColorCache();
     EXPECT_EQ(stored(), Dictionary());
 }
 
-TEST_F(MaintenanceActionsTest, ClearingWritesAtomicallyAlsoWhereThereWasNothingToRemove) {
+TEST_F(MaintenanceActionsTest, ClearingWritesAtomicallyEvenIfNothingIsRemoved) {
     store({{"global_color", "#444444"}});
     page->clearIconColorCache();
     EXPECT_EQ(device.writeModes, (std::vector{WriteMode::atomically}));
@@ -82,13 +82,13 @@ TEST_F(MaintenanceActionsTest, ClearingPostsTheChangeWithoutAnObject) {
     EXPECT_EQ(effects.back().effect, (Effect{"post", {{"name", "com.corvane.prismo2.changed"}}}));
 }
 
-TEST_F(MaintenanceActionsTest, ClearingPostsAlsoWhereTheWriteFailed) {
+TEST_F(MaintenanceActionsTest, ClearingPostsEvenIfTheWriteFails) {
     device.failWrites(settingsFilePath, "No space left on device");
     page->clearIconColorCache();
     EXPECT_EQ(timeline(), (Lines{"0 ms post com.corvane.prismo2.changed"}));
 }
 
-TEST_F(MaintenanceActionsTest, ClearingReloadsThePageThatIsShown) {
+TEST_F(MaintenanceActionsTest, ClearingReloadsTheShownPage) {
     show();
     page->clearIconColorCache();
     EXPECT_TRUE(timeline({"reload"}).empty());
@@ -96,7 +96,7 @@ TEST_F(MaintenanceActionsTest, ClearingReloadsThePageThatIsShown) {
     EXPECT_EQ(timeline({"reload"}), (Lines{"35 ms reload Prismo2PrefsListController"}));
 }
 
-TEST_F(MaintenanceActionsTest, ClearIconColorCacheRowClears) {
+TEST_F(MaintenanceActionsTest, ClearIconColorCacheRowClearsTheCache) {
     store({{"cached_icon_color_x", 1}});
     show();
     tap(*page, *rowNamed("Clear Icon Color Cache"));
@@ -110,7 +110,7 @@ TEST_F(MaintenanceActionsTest, BootLogoRowOpensTheRelatedPackage) {
     EXPECT_EQ(links(), (Lines{"openURL cydia://package/com.corvane.splashtoner yes"}));
 }
 
-TEST_F(MaintenanceActionsTest, RelatedPackageIsAskedForAlsoWithoutAPackageManager) {
+TEST_F(MaintenanceActionsTest, RelatedPackageIsRequestedEvenWithoutAPackageManager) {
     page->splashtoner();
     EXPECT_EQ(links(), (Lines{"openURL cydia://package/com.corvane.splashtoner no"}));
     EXPECT_EQ(effects.size(), 1U);

@@ -9,7 +9,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using namespace std::chrono_literals;
 
-/// The first bytes of a PNG file of 29 x 25 points.
+/// The first bytes of a PNG file of 29 × 25 points.
 const Data png{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13,
                'I',  'H', 'D', 'R', 0,    0,    0,    29,   0, 0, 0, 25};
 
@@ -22,7 +22,7 @@ struct RootPageLifeTest : World {
         runFor(1);
     }
     Lines reloads() { return timeline({"reload"}); }
-    /// The font of the title of the cell of `row`.
+    /// The font of the title in the row's cell.
     UIFont fontOf(const std::shared_ptr<PSSpecifier>& row) {
         const auto rows = page->rows();
         const auto index = static_cast<std::size_t>(std::ranges::find(*rows, row) - rows->begin());
@@ -32,13 +32,13 @@ struct RootPageLifeTest : World {
     }
 };
 
-TEST_F(RootPageLifeTest, StartsSystemWide) {
+TEST_F(RootPageLifeTest, StartsInSystemScope) {
     EXPECT_FALSE(page->isInAppScope());
     EXPECT_EQ(page->scopeId(), std::nullopt);
     EXPECT_EQ(page->statusAlert(), nullptr);
 }
 
-TEST_F(RootPageLifeTest, TitlesItselfEachTimeItAppears) {
+TEST_F(RootPageLifeTest, SetsItsTitleEachTimeItAppears) {
     page->viewWillAppear(true);
     EXPECT_EQ(page->title(), "Prismo 2");
     page->setTitle("Row that opened it");
@@ -52,7 +52,7 @@ TEST_F(RootPageLifeTest, HasItsTitleOnScreen) {
     EXPECT_EQ(page->title(), "Prismo 2");
 }
 
-TEST_F(RootPageLifeTest, ShareButtonIsThereBeforeTheViewIsLoaded) {
+TEST_F(RootPageLifeTest, ShareButtonIsAddedBeforeTheViewLoads) {
     std::vector<bool> loaded;
     const auto subscription =
         page->navigationItem().observe([&] { loaded.push_back(page->table() || page->isViewLoaded()); });
@@ -70,7 +70,7 @@ TEST_F(RootPageLifeTest, ShareButtonShowsTheBundlesImage) {
     EXPECT_EQ(shareButton()->image()->data(), png);
 }
 
-TEST_F(RootPageLifeTest, ShareButtonIsThereWithoutItsImage) {
+TEST_F(RootPageLifeTest, ShareButtonIsAddedWithoutItsImage) {
     page->loadView();
     ASSERT_TRUE(shareButton());
     EXPECT_EQ(shareButton()->image(), nullptr);
@@ -84,7 +84,7 @@ TEST_F(RootPageLifeTest, ShareButtonOffersThePagesText) {
               "#Prismo2 by @quillmoth customizes color throughout all of my apps and more!");
 }
 
-TEST_F(RootPageLifeTest, LoadedViewHasABannerForTheChange) {
+TEST_F(RootPageLifeTest, LoadingTheViewMakesABannerForTheChange) {
     page->view();
     const auto banner = page->statusAlert();
     ASSERT_TRUE(banner);
@@ -113,7 +113,7 @@ TEST_F(RootPageLifeTest, SecondViewDidLoadKeepsTheBanner) {
     EXPECT_EQ(banner->textColor(), (UIColor{1, 0, 0, 1}));
 }
 
-TEST_F(RootPageLifeTest, BannerGivenBeforehandIsKept) {
+TEST_F(RootPageLifeTest, BannerSetBeforehandIsKept) {
     const auto given = SWStatusBarAlert::initWithMessage("Own", std::nullopt, std::nullopt, nullptr);
     page->setStatusAlert(given);
     page->viewDidLoad();
@@ -150,12 +150,12 @@ TEST_F(RootPageLifeTest, OtherNotificationsRebuildNothing) {
     EXPECT_TRUE(reloads().empty());
 }
 
-TEST_F(RootPageLifeTest, PageThatIsNotLoadedObservesNothing) {
+TEST_F(RootPageLifeTest, UnloadedPageObservesNothing) {
     postChange();
     EXPECT_TRUE(reloads().empty());
 }
 
-TEST_F(RootPageLifeTest, SecondViewDidLoadObservesOnceMore) {
+TEST_F(RootPageLifeTest, SecondViewDidLoadObservesAgain) {
     show();
     page->viewDidLoad();
     postChange();
@@ -163,7 +163,7 @@ TEST_F(RootPageLifeTest, SecondViewDidLoadObservesOnceMore) {
               (Lines{"35 ms reload Prismo2PrefsListController", "70 ms reload Prismo2PrefsListController"}));
 }
 
-TEST_F(RootPageLifeTest, OtherEventsAreHandledWhileItSettles) {
+TEST_F(RootPageLifeTest, OtherEventsAreHandledWhileThePageSettles) {
     show();
     device.postFromOutside("com.corvane.prismo2.changed");
     std::vector<std::pair<std::chrono::nanoseconds, bool>> called;
@@ -173,7 +173,7 @@ TEST_F(RootPageLifeTest, OtherEventsAreHandledWhileItSettles) {
     EXPECT_EQ(reloads(), (Lines{"35 ms reload Prismo2PrefsListController"}));
 }
 
-TEST_F(RootPageLifeTest, ChangesDuringASuspensionRebuildOnceAfterIt) {
+TEST_F(RootPageLifeTest, ChangesWhileSuspendedRebuildOnceOnResume) {
     show();
     device.systemCenter().setSuspended(true);
     postChange();
@@ -183,7 +183,7 @@ TEST_F(RootPageLifeTest, ChangesDuringASuspensionRebuildOnceAfterIt) {
     EXPECT_EQ(reloads().size(), 1U);
 }
 
-TEST_F(RootPageLifeTest, ObserverThatIsNoPageIsLeftAlone) {
+TEST_F(RootPageLifeTest, ObserverThatIsNotAPageIsIgnored) {
     settingsChanged(nullptr);
     settingsChanged(std::make_shared<NSObject>());
     EXPECT_EQ(now(), 0ns);
@@ -196,7 +196,7 @@ TEST_F(RootPageLifeTest, ObserverThatIsAPageSettlesAndReloads) {
     EXPECT_EQ(reloads().size(), 1U);
 }
 
-TEST_F(RootPageLifeTest, ChangeShowsTheBannerBeforeTheRowsAreRebuilt) {
+TEST_F(RootPageLifeTest, ChangeShowsTheBannerBeforeRebuildingTheRows) {
     show();
     std::vector<std::string> shown;
     const auto subscription = page->observe([&] {
@@ -224,7 +224,7 @@ TEST_F(RootPageLifeTest, TapOnTheBannerRestartsTheUserInterface) {
     EXPECT_EQ(effectsOfKind("spawn")[0].details.at("argv"), Value(Array{"killall", "-9", "backboardd"}));
 }
 
-TEST_F(RootPageLifeTest, ScopeSetBackAndForthReadsTheUnscopedValues) {
+TEST_F(RootPageLifeTest, TogglingTheScopeReturnsToTheUnscopedValues) {
     store({{"enabled", false}, {"com.example.app_enabled", true}});
     chooseApp();
     EXPECT_EQ(rowNamed("Prismo Enabled")->performGetter(), Value(true));
@@ -240,7 +240,7 @@ TEST_F(RootPageLifeTest, RowOfTheChosenApplicationHasATwentyPointTitle) {
     EXPECT_EQ(fontOf(page->specifierForID("currentAppCell")), (UIFont{.pointSize = 20, .isBold = false}));
 }
 
-TEST_F(RootPageLifeTest, AllOtherRowsKeepTheirTitleSize) {
+TEST_F(RootPageLifeTest, OtherRowsKeepTheirTitleSize) {
     chooseApp();
     page->loadView();
     for (const auto& row : *page->rows())
@@ -249,7 +249,7 @@ TEST_F(RootPageLifeTest, AllOtherRowsKeepTheirTitleSize) {
         }
 }
 
-TEST_F(RootPageLifeTest, IdentifierThatOnlyContainsThatTextChangesNothing) {
+TEST_F(RootPageLifeTest, SimilarIdentifiersKeepTheirTitleSize) {
     page->loadView();
     const auto row = rowNamed("Prismo Enabled");
     for (const auto* identifier : {"currentAppCell2", "my.currentAppCell", "CurrentAppCell", "currentApp"}) {
@@ -263,14 +263,14 @@ TEST_F(RootPageLifeTest, PositionWithoutARowHasNoCell) {
     EXPECT_EQ(page->tableViewCellForRowAtIndexPath(*page->table(), {99, 0}), nullptr);
 }
 
-TEST_F(RootPageLifeTest, PageEndsOnceItHasLeftItsStackAndItsBannerIsGone) {
+TEST_F(RootPageLifeTest, PageIsReleasedAfterItsStackAndItsBannerAreGone) {
     show();
     const std::weak_ptr<Prismo2PrefsListController> watched = page;
     postChange();
     runFor(1);
     page = nullptr;
     navigation = nullptr;
-    EXPECT_FALSE(watched.expired()) << "the banner is still there to be tapped";
+    EXPECT_FALSE(watched.expired()) << "the banner can still be tapped";
     runFor(10);
     EXPECT_TRUE(watched.expired());
 }

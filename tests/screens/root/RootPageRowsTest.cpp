@@ -1,4 +1,4 @@
-// What stands on the root page in each scope, row by row.
+// The rows of the root page in each scope, one by one.
 
 #include "tests/support/World.h"
 
@@ -105,7 +105,7 @@ TEST_F(RootPageRowsTest, GlobalTypeRowOffersGlobalAndIconColorAndOpensTheirChoos
     EXPECT_EQ(navigation->topViewController()->isa().name(), "PrismoGlobalTypeItemsController");
 }
 
-TEST_F(RootPageRowsTest, ElementsWithColorsOfTheirOwnShowTheirOwnNames) {
+TEST_F(RootPageRowsTest, ElementsWithCustomColorsShowTheirNames) {
     Dictionary settings;
     for (const auto& element : systemElements)
         settings[element.typeKey] = 2;
@@ -115,7 +115,7 @@ TEST_F(RootPageRowsTest, ElementsWithColorsOfTheirOwnShowTheirOwnNames) {
               }));
 }
 
-TEST_F(RootPageRowsTest, DisabledElementsKeepTheirNamesAndAreGrey) {
+TEST_F(RootPageRowsTest, DisabledElementsKeepTheirNamesAndAreGrayedOut) {
     Dictionary settings;
     for (const auto& element : systemElements)
         settings[element.typeKey] = 1;
@@ -153,7 +153,7 @@ TEST_F(RootPageRowsTest, AppScopeWithApplicationShowsItsRows) {
     EXPECT_EQ(rowTexts(*page->specifiers()), expected);
 }
 
-TEST_F(RootPageRowsTest, EveryRowThatIsNoGroupSpeaksToThePage) {
+TEST_F(RootPageRowsTest, EveryRowExceptGroupsTargetsThePage) {
     chooseApp();
     const auto app = *page->specifiers();
     page->setIsInAppScope(false);
@@ -169,13 +169,13 @@ TEST_F(RootPageRowsTest, ElementThatFollowsTheGlobalColorIsNotRetitled) {
         EXPECT_EQ(colorRowOf(slug)->name(), "<Using Global Color>");
 }
 
-TEST_F(RootPageRowsTest, MasterSwitchStandsDirectlyUnderTheScopeSegment) {
+TEST_F(RootPageRowsTest, MasterSwitchIsDirectlyBelowTheScopeSegment) {
     const auto rows = page->specifiers();
     EXPECT_EQ(rows->at(1)->cellType(), PSCellType::segment);
     EXPECT_EQ(rows->at(2)->identifier(), "enabled");
 }
 
-TEST_F(RootPageRowsTest, MasterSwitchIsTheLastRowOfTheSelectedApp) {
+TEST_F(RootPageRowsTest, MasterSwitchIsTheLastRowOfTheSelectedAppSection) {
     chooseApp();
     show();
     EXPECT_EQ(page->groupAtSection(1)->name(), "Selected App");
@@ -183,20 +183,20 @@ TEST_F(RootPageRowsTest, MasterSwitchIsTheLastRowOfTheSelectedApp) {
     EXPECT_EQ(page->specifierAtIndexPath({1, 2})->identifier(), "enabled");
 }
 
-TEST_F(RootPageRowsTest, RowsAreKeptUntilTheyAreReloaded) {
+TEST_F(RootPageRowsTest, RowsAreCachedUntilReloaded) {
     const auto rows = page->specifiers();
     EXPECT_EQ(page->specifiers(), rows);
     page->reloadSpecifiers();
     EXPECT_NE(page->specifiers(), rows);
 }
 
-TEST_F(RootPageRowsTest, FourRowsWithoutApplicationAreKeptToo) {
+TEST_F(RootPageRowsTest, RowsWithoutApplicationAreCachedToo) {
     enterAppScope();
     const auto rows = page->specifiers();
     EXPECT_EQ(page->specifiers(), rows);
 }
 
-TEST_F(RootPageRowsTest, ReloadReadsTheStoredTypesAnew) {
+TEST_F(RootPageRowsTest, ReloadReadsTheStoredTypesAgain) {
     EXPECT_EQ(colorRowOf("keyboard")->name(), "<Using Global Color>");
     store({{"keyboard_color_type", 2}});
     EXPECT_EQ(colorRowOf("keyboard")->name(), "<Using Global Color>");
@@ -213,7 +213,7 @@ TEST_F(RootPageRowsTest, BuildingReadsTheFileAtMostEightTimes) {
     }
 }
 
-TEST_F(RootPageRowsTest, BuildingAsksForTheVersionOnce) {
+TEST_F(RootPageRowsTest, BuildingQueriesTheVersionOnce) {
     for (const bool appScope : {false, true}) {
         if (appScope) chooseApp();
         effects.clear();
@@ -222,7 +222,7 @@ TEST_F(RootPageRowsTest, BuildingAsksForTheVersionOnce) {
     }
 }
 
-TEST_F(RootPageRowsTest, BuildingWithoutApplicationAsksForNoVersion) {
+TEST_F(RootPageRowsTest, BuildingWithoutApplicationDoesNotQueryTheVersion) {
     enterAppScope();
     page->specifiers();
     EXPECT_TRUE(effectsOfKind("task").empty());

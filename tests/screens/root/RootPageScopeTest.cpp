@@ -1,4 +1,4 @@
-// How the chosen application and its own switch change the root page.
+// How the chosen application and its switch change the root page.
 
 #include "tests/support/World.h"
 
@@ -8,7 +8,7 @@ namespace prismo {
 namespace {
 
 struct RootPageScopeTest : World {
-    /// The names of the rows that are enabled although a group of colours holds them.
+    /// The names of the enabled rows in the color groups.
     std::vector<std::string> enabledColorRows() {
         const auto rows = page->rows();
         const auto first = std::ranges::find(*rows, groupNamed("Global"));
@@ -30,13 +30,13 @@ struct RootPageScopeTest : World {
     static constexpr std::size_t allColorRows = 21;
 };
 
-TEST_F(RootPageScopeTest, ApplicationSwitchedOffDisablesAllItsColorRows) {
+TEST_F(RootPageScopeTest, SwitchingTheApplicationOffDisablesItsColorRows) {
     store(allCustomAnd("com.example.app_scope_enabled", false));
     chooseApp();
     EXPECT_EQ(enabledColorRows(), std::vector<std::string>());
 }
 
-TEST_F(RootPageScopeTest, DisabledRowsAreMarkedEachAndAll) {
+TEST_F(RootPageScopeTest, EveryDisabledRowIsMarked) {
     store(allCustomAnd("com.example.app_scope_enabled", false));
     chooseApp();
     std::size_t marked = 0;
@@ -45,7 +45,7 @@ TEST_F(RootPageScopeTest, DisabledRowsAreMarkedEachAndAll) {
     EXPECT_EQ(marked, allColorRows);
 }
 
-TEST_F(RootPageScopeTest, ApplicationSwitchedOffLeavesTheSwitchesAndTheButtonsEnabled) {
+TEST_F(RootPageScopeTest, SwitchingTheApplicationOffKeepsSwitchesAndButtonsEnabled) {
     store({{"com.example.app_scope_enabled", false}});
     chooseApp();
     for (const auto* identifier :
@@ -55,26 +55,26 @@ TEST_F(RootPageScopeTest, ApplicationSwitchedOffLeavesTheSwitchesAndTheButtonsEn
     EXPECT_EQ(page->rows()->back()->propertyForKey("enabled"), Value());
 }
 
-TEST_F(RootPageScopeTest, NothingStoredForTheApplicationDisablesNothing) {
+TEST_F(RootPageScopeTest, MissingApplicationSwitchDisablesNothing) {
     store(allCustom());
     chooseApp();
     EXPECT_EQ(enabledColorRows().size(), allColorRows);
     EXPECT_EQ(rowOfKey("scope_enabled")->performGetter(), Value());
 }
 
-TEST_F(RootPageScopeTest, ApplicationSwitchedOnDisablesNothing) {
+TEST_F(RootPageScopeTest, SwitchingTheApplicationOnDisablesNothing) {
     store(allCustomAnd("com.example.app_scope_enabled", true));
     chooseApp();
     EXPECT_EQ(enabledColorRows().size(), allColorRows);
 }
 
-TEST_F(RootPageScopeTest, PlainSwitchCountsWhereTheApplicationHasNone) {
+TEST_F(RootPageScopeTest, PlainSwitchAppliesIfTheApplicationHasNone) {
     store(allCustomAnd("scope_enabled", false));
     chooseApp();
     EXPECT_EQ(enabledColorRows(), std::vector<std::string>());
 }
 
-TEST_F(RootPageScopeTest, ApplicationsSwitchPrecedesThePlainOne) {
+TEST_F(RootPageScopeTest, ApplicationSwitchTakesPrecedenceOverThePlainOne) {
     auto settings = allCustomAnd("scope_enabled", false);
     settings["com.example.app_scope_enabled"] = true;
     store(settings);
@@ -82,7 +82,7 @@ TEST_F(RootPageScopeTest, ApplicationsSwitchPrecedesThePlainOne) {
     EXPECT_EQ(enabledColorRows().size(), allColorRows);
 }
 
-TEST_F(RootPageScopeTest, SwitchDoesNotCountInSystemScope) {
+TEST_F(RootPageScopeTest, SwitchIsIgnoredInSystemScope) {
     auto settings = allCustomAnd("scope_enabled", false);
     settings["folder_color_type"] = 2;
     settings["com.example.app_scope_enabled"] = false;
@@ -98,7 +98,7 @@ TEST_F(RootPageScopeTest, FolderAndAlbumArtAreSystemWideOnly) {
     EXPECT_EQ(page->rows()->back()->propertyForKey("footerAlignment"), Value("1"));
 }
 
-TEST_F(RootPageScopeTest, SegmentSetToApplicationLeavesFourRows) {
+TEST_F(RootPageScopeTest, SwitchingToApplicationLeavesFourRows) {
     page->setSegmentPreferenceValue(true, nullptr);
     EXPECT_EQ(page->rows()->size(), 4U);
     EXPECT_EQ(page->rows()->back()->name(), "No App Selected");
@@ -107,7 +107,7 @@ TEST_F(RootPageScopeTest, SegmentSetToApplicationLeavesFourRows) {
     EXPECT_EQ(groupNamed("Scope")->propertyForKey("footerText"), Value(""));
 }
 
-TEST_F(RootPageScopeTest, SegmentSetBackShowsNoApplicationAnyMore) {
+TEST_F(RootPageScopeTest, SwitchingToSystemAndBackForgetsTheApplication) {
     chooseApp();
     page->setSegmentPreferenceValue(false, nullptr);
     EXPECT_EQ(page->rows()->size(), 33U);
@@ -120,7 +120,7 @@ TEST_F(RootPageScopeTest, ApplicationChosenInSystemScopeShowsNoAppRows) {
     EXPECT_EQ(page->rows()->size(), 33U);
 }
 
-TEST_F(RootPageScopeTest, IconIsTheApplicationsOwn) {
+TEST_F(RootPageScopeTest, AppRowShowsTheApplicationsIcon) {
     chooseApp();
     const auto icon = page->specifierForID("currentAppCell")->propertyForKey("iconImage").object<UIImage>();
     ASSERT_TRUE(icon);
@@ -128,7 +128,7 @@ TEST_F(RootPageScopeTest, IconIsTheApplicationsOwn) {
     EXPECT_EQ(icon->data(), (Data{1, 2, 3}));
 }
 
-TEST_F(RootPageScopeTest, ApplicationWithoutIconIsShownWithoutOne) {
+TEST_F(RootPageScopeTest, ApplicationWithoutAnIconIsShownWithoutOne) {
     device.setApplications({userApp(exampleApp, "Example")});
     chooseApp();
     const auto row = page->specifierForID("currentAppCell");
@@ -136,7 +136,7 @@ TEST_F(RootPageScopeTest, ApplicationWithoutIconIsShownWithoutOne) {
     EXPECT_EQ(row->propertyForKey("height"), Value(100));
 }
 
-TEST_F(RootPageScopeTest, ApplicationThatIsNotInstalledIsShownWithoutAName) {
+TEST_F(RootPageScopeTest, UninstalledApplicationIsShownWithoutAName) {
     chooseApp("com.example.gone");
     EXPECT_EQ(page->specifierForID("currentAppCell")->name(), "");
     EXPECT_EQ(groupNamed("Selected App")->propertyForKey("footerText"),
@@ -144,7 +144,7 @@ TEST_F(RootPageScopeTest, ApplicationThatIsNotInstalledIsShownWithoutAName) {
     EXPECT_EQ(page->specifierForID("scope_enabled")->name(), "Custom (null) Settings Enabled");
 }
 
-TEST_F(RootPageScopeTest, RowsOfAnotherApplicationComeWithTheNextReload) {
+TEST_F(RootPageScopeTest, NextReloadShowsTheNewApplicationsRows) {
     device.setApplications({userApp(exampleApp, "Example"), userApp("com.example.second", "Second")});
     chooseApp();
     EXPECT_TRUE(hasRowNamed("Custom Example Settings Enabled"));

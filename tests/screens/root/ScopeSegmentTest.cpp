@@ -9,7 +9,7 @@ struct ScopeSegmentTest : World {
     void choose(const Value& value) { page->setSegmentPreferenceValue(value, nullptr); }
 };
 
-TEST_F(ScopeSegmentTest, ReadsAsTheScope) {
+TEST_F(ScopeSegmentTest, ReadsTheScope) {
     EXPECT_EQ(page->readSegmentPreferenceValue(nullptr), Value(false));
     enterAppScope();
     EXPECT_EQ(page->readSegmentPreferenceValue(nullptr), Value(true));
@@ -29,7 +29,7 @@ TEST_F(ScopeSegmentTest, FalseLeavesAppScopeAndForgetsTheApplication) {
     EXPECT_EQ(page->scopeId(), std::nullopt);
 }
 
-TEST_F(ScopeSegmentTest, NothingChangesNothing) {
+TEST_F(ScopeSegmentTest, SettingNothingChangesNothing) {
     chooseApp();
     choose({});
     EXPECT_TRUE(page->isInAppScope());
@@ -38,7 +38,7 @@ TEST_F(ScopeSegmentTest, NothingChangesNothing) {
     EXPECT_EQ(now().count(), 0);
 }
 
-TEST_F(ScopeSegmentTest, ValueCountsAsABoolean) {
+TEST_F(ScopeSegmentTest, ValueIsReadAsABoolean) {
     choose(2);
     EXPECT_TRUE(page->isInAppScope());
     choose(0);
@@ -55,12 +55,12 @@ TEST_F(ScopeSegmentTest, PageSettlesForExactlyThirtyFiveMillisecondsAndReloads) 
     }
 }
 
-TEST_F(ScopeSegmentTest, ReloadComesAfterThePause) {
+TEST_F(ScopeSegmentTest, ReloadFollowsThePause) {
     choose(true);
     EXPECT_EQ(timeline(), (Lines{"35 ms reload Prismo2PrefsListController"}));
 }
 
-TEST_F(ScopeSegmentTest, ScopeHasChangedWhileThePageSettles) {
+TEST_F(ScopeSegmentTest, ScopeChangesBeforeThePageSettles) {
     chooseApp();
     bool systemScope = false;
     device.runLoop().schedule(Seconds(0.01),
@@ -69,21 +69,21 @@ TEST_F(ScopeSegmentTest, ScopeHasChangedWhileThePageSettles) {
     EXPECT_TRUE(systemScope);
 }
 
-TEST_F(ScopeSegmentTest, NothingIsWrittenAndNothingPosted) {
+TEST_F(ScopeSegmentTest, SwitchingWritesAndPostsNothing) {
     choose(true);
     choose(false);
     EXPECT_TRUE(timeline({"write", "post"}).empty());
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ScopeSegmentTest, RowSwitchesThePageItStandsOn) {
+TEST_F(ScopeSegmentTest, RowSwitchesItsOwnPage) {
     rowNamed("Scope")->performSetterWithValue(true);
     EXPECT_TRUE(page->isInAppScope());
     EXPECT_TRUE(hasRowNamed("No App Selected"));
     EXPECT_EQ(rowNamed("Scope")->performGetter(), Value(true));
 }
 
-TEST_F(ScopeSegmentTest, SettingsOfAnApplicationOutliveTheScope) {
+TEST_F(ScopeSegmentTest, ApplicationSettingsOutliveTheScope) {
     chooseApp();
     page->setPreferenceValue(false, switchRow(page, "enabled"));
     choose(false);

@@ -26,7 +26,7 @@ TEST_F(ScopedReadTest, SystemScopeRowReadsTheStoredValue) {
     EXPECT_EQ(read("enabled", true), Value(false));
 }
 
-TEST_F(ScopedReadTest, StoredValueIsReturnedInItsOwnKind) {
+TEST_F(ScopedReadTest, StoredValueKeepsItsKind) {
     store({{"a", 2}, {"b", "#112233:1.000000"}, {"c", true}});
     EXPECT_EQ(read("a"), Value(2));
     EXPECT_EQ(read("b"), Value("#112233:1.000000"));
@@ -57,18 +57,18 @@ TEST_F(ScopedReadTest, AppScopeWithoutApplicationReadsThePlainKey) {
     EXPECT_EQ(read("enabled", true), Value(false));
 }
 
-TEST_F(ScopedReadTest, AppScopeWithoutApplicationReadsTheDefaultWhereNothingIsStored) {
+TEST_F(ScopedReadTest, AppScopeWithoutApplicationReadsTheDefaultIfNothingIsStored) {
     enterAppScope();
     EXPECT_EQ(read("enabled", true), Value(true));
 }
 
-TEST_F(ScopedReadTest, ApplicationDoesNotCountInSystemScope) {
+TEST_F(ScopedReadTest, ApplicationIsIgnoredInSystemScope) {
     store({{"com.example.app_enabled", false}});
     page->setScopeId(exampleApp);
     EXPECT_EQ(read("enabled", true), Value(true));
 }
 
-TEST_F(ScopedReadTest, EveryReadLoadsTheFileOnceAfresh) {
+TEST_F(ScopedReadTest, EveryReadLoadsTheFileOnce) {
     store({{"enabled", false}});
     EXPECT_EQ(read("enabled"), Value(false));
     store({{"enabled", true}});
@@ -76,7 +76,7 @@ TEST_F(ScopedReadTest, EveryReadLoadsTheFileOnceAfresh) {
     EXPECT_EQ(device.propertyListReads(settingsFilePath), 2);
 }
 
-TEST_F(ScopedReadTest, FileIsThatOfTheMobileUser) {
+TEST_F(ScopedReadTest, ReadsTheMobileUsersFile) {
     device.setPropertyList("/User/Library/Preferences/com.corvane.prismo2.plist", {{"enabled", 5}});
     EXPECT_EQ(read("enabled"), Value(5));
 }
@@ -104,7 +104,7 @@ TEST_F(ScopedReadTest, RowWithoutAKeyReadsAsNothingInAppScope) {
     EXPECT_EQ(page->readPreferenceValue(keylessRow(page, true)), Value());
 }
 
-TEST_F(ScopedReadTest, RowWithAnEmptyKeyHasAKey) {
+TEST_F(ScopedReadTest, EmptyKeyIsAKey) {
     store({{"", false}});
     EXPECT_EQ(read("", true), Value(false));
 }
@@ -116,7 +116,7 @@ TEST_F(ScopedReadTest, ReadingChangesNothingOnTheDevice) {
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ScopedReadTest, RowsGetterReachesThePage) {
+TEST_F(ScopedReadTest, RowGetterReachesThePage) {
     store({{"enabled", 7}});
     EXPECT_EQ(switchRow(page, "enabled")->performGetter(), Value(7));
 }

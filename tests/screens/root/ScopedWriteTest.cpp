@@ -29,7 +29,7 @@ TEST_F(ScopedWriteTest, AppScopeWithoutApplicationWritesThePlainKey) {
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}}));
 }
 
-TEST_F(ScopedWriteTest, ApplicationDoesNotCountInSystemScope) {
+TEST_F(ScopedWriteTest, ApplicationIsIgnoredInSystemScope) {
     page->setScopeId(exampleApp);
     write("enabled", false);
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}}));
@@ -44,13 +44,13 @@ TEST_F(ScopedWriteTest, AllOtherEntriesAreKept) {
     EXPECT_EQ(stored(), expected);
 }
 
-TEST_F(ScopedWriteTest, ValueReplacesTheFormerOneInItsOwnKind) {
+TEST_F(ScopedWriteTest, ValueReplacesTheOldOneAndItsKind) {
     store({{"enabled", true}});
     write("enabled", 2);
     EXPECT_EQ(stored(), (Dictionary{{"enabled", 2}}));
 }
 
-TEST_F(ScopedWriteTest, WritingNothingDoesNothingAtAll) {
+TEST_F(ScopedWriteTest, WritingNothingDoesNothing) {
     store({{"enabled", true}});
     chooseApp();
     write("scope_enabled", {});
@@ -59,30 +59,30 @@ TEST_F(ScopedWriteTest, WritingNothingDoesNothingAtAll) {
     EXPECT_EQ(stored(), (Dictionary{{"enabled", true}}));
 }
 
-TEST_F(ScopedWriteTest, FileIsWrittenAtomicallyAndOnce) {
+TEST_F(ScopedWriteTest, FileIsWrittenOnceAndAtomically) {
     write("enabled", true);
     EXPECT_EQ(device.writeModes, (std::vector{WriteMode::atomically}));
 }
 
-TEST_F(ScopedWriteTest, FileIsWrittenBeforeTheNotificationIsPosted) {
+TEST_F(ScopedWriteTest, FileIsWrittenBeforeThePost) {
     write("enabled", true);
     EXPECT_EQ(timeline(), (Lines{"0 ms write /User/Library/Preferences/com.corvane.prismo2.plist",
                                  "0 ms post com.corvane.prismo2.changed"}));
 }
 
-TEST_F(ScopedWriteTest, NotificationSpeaksOfNoObject) {
+TEST_F(ScopedWriteTest, NotificationHasNoObject) {
     write("enabled", true);
     EXPECT_EQ(effects.back().effect, (Effect{"post", {{"name", "com.corvane.prismo2.changed"}}}));
 }
 
-TEST_F(ScopedWriteTest, NotificationIsTheOneThatTheRowNames) {
+TEST_F(ScopedWriteTest, RowNamesTheNotification) {
     const auto row = switchRow(page, "enabled");
     row->setProperty("com.example.other", "PostNotification");
     page->setPreferenceValue(true, row);
     EXPECT_EQ(timeline({"post"}), (Lines{"0 ms post com.example.other"}));
 }
 
-TEST_F(ScopedWriteTest, RowWithoutPostNotificationIsWrittenWithoutANotification) {
+TEST_F(ScopedWriteTest, RowWithoutPostNotificationIsStoredWithoutAPost) {
     const auto row = switchRow(page, "enabled");
     row->setProperty({}, "PostNotification");
     page->setPreferenceValue(true, row);
@@ -90,7 +90,7 @@ TEST_F(ScopedWriteTest, RowWithoutPostNotificationIsWrittenWithoutANotification)
     EXPECT_TRUE(timeline({"post"}).empty());
 }
 
-TEST_F(ScopedWriteTest, ScopeEnabledIsWrittenThenThePageSettlesAndReloadsThenItIsPosted) {
+TEST_F(ScopedWriteTest, ScopeEnabledWritesThenReloadsThenPosts) {
     chooseApp();
     write("scope_enabled", true);
     EXPECT_EQ(stored(), (Dictionary{{"com.example.app_scope_enabled", true}}));
@@ -105,7 +105,7 @@ TEST_F(ScopedWriteTest, PageSettlesForExactlyThirtyFiveMilliseconds) {
     EXPECT_EQ(now(), std::chrono::microseconds(35000));
 }
 
-TEST_F(ScopedWriteTest, RunLoopGoesOnWhileThePageSettles) {
+TEST_F(ScopedWriteTest, RunLoopRunsWhileThePageSettles) {
     chooseApp();
     bool storedBefore = false;
     device.runLoop().schedule(Seconds(0.02), [&] { storedBefore = stored().has_value(); });
@@ -121,7 +121,7 @@ TEST_F(ScopedWriteTest, ReloadedRowsShowTheNewValue) {
     EXPECT_FALSE(rowNamed("Global Color")->isEnabled());
 }
 
-TEST_F(ScopedWriteTest, EveryOtherKeyReloadsNothing) {
+TEST_F(ScopedWriteTest, OtherKeysReloadNothing) {
     chooseApp();
     for (const auto* key : {"enabled", "scope_enabled_2", "scope_Enabled", "scope"})
         write(key, true);
@@ -149,20 +149,20 @@ TEST_F(ScopedWriteTest, KeyThatMerelyEndsWithScopeEnabledReloadsToo) {
     EXPECT_EQ(timeline({"reload"}).size(), 1U);
 }
 
-TEST_F(ScopedWriteTest, EndIsLookedForInTheScopedKey) {
+TEST_F(ScopedWriteTest, SuffixIsMatchedAgainstTheScopedKey) {
     chooseApp("com.example.scope");
     write("enabled", true);
     EXPECT_EQ(stored(), (Dictionary{{"com.example.scope_enabled", true}}));
     EXPECT_EQ(timeline({"reload"}).size(), 1U);
 }
 
-TEST_F(ScopedWriteTest, RowWithoutAKeyDoesNothingAtAll) {
+TEST_F(ScopedWriteTest, RowWithoutAKeyDoesNothing) {
     page->setPreferenceValue(true, keylessRow(page));
     EXPECT_TRUE(effects.empty());
     EXPECT_EQ(stored(), std::nullopt);
 }
 
-TEST_F(ScopedWriteTest, RowWithoutAKeyShowsItsLackInTheApplicationsKey) {
+TEST_F(ScopedWriteTest, RowWithoutAKeyStoresUnderNullInAppScope) {
     chooseApp();
     const auto row = keylessRow(page);
     page->setPreferenceValue(true, row);
@@ -176,13 +176,13 @@ TEST_F(ScopedWriteTest, MissingFileIsCreated) {
     EXPECT_TRUE(stored().has_value());
 }
 
-TEST_F(ScopedWriteTest, MalformedFileIsReplacedByTheKeyJustWritten) {
+TEST_F(ScopedWriteTest, WriteReplacesAMalformedFile) {
     device.setFile(settingsFilePath, {'n', 'o'});
     write("enabled", true);
     EXPECT_EQ(stored(), (Dictionary{{"enabled", true}}));
 }
 
-TEST_F(ScopedWriteTest, UnreadableFileIsReplacedByTheKeyJustWritten) {
+TEST_F(ScopedWriteTest, WriteReplacesAnUnreadableFile) {
     store({{"global_color", "#112233:1.000000"}});
     device.failReads(settingsFilePath, "Permission denied");
     write("enabled", true);
@@ -190,7 +190,7 @@ TEST_F(ScopedWriteTest, UnreadableFileIsReplacedByTheKeyJustWritten) {
     EXPECT_EQ(stored(), (Dictionary{{"enabled", true}}));
 }
 
-TEST_F(ScopedWriteTest, FailedWriteIsIgnoredAndTheNotificationStillPosted) {
+TEST_F(ScopedWriteTest, FailedWriteStillPosts) {
     store({{"enabled", false}});
     device.failWrites(settingsFilePath, "No space left on device");
     write("enabled", true);
@@ -207,19 +207,19 @@ TEST_F(ScopedWriteTest, FailedWriteOfScopeEnabledStillReloads) {
 }
 
 TEST_F(ScopedWriteTest, ListenerReadsTheNewValue) {
-    static Value heard;
-    heard = {};
+    static Value delivered;
+    delivered = {};
     const auto listener = std::make_shared<NSObject>();
     CFNotificationCenterGetDarwinNotifyCenter().addObserver(
-        listener, [](const auto&) { heard = valueForKey(loadSettings(), "enabled"); }, changeNotification,
+        listener, [](const auto&) { delivered = valueForKey(loadSettings(), "enabled"); }, changeNotification,
         SuspensionBehavior::deliverImmediately);
     write("enabled", 3);
-    EXPECT_EQ(heard, Value()) << "heard within the write itself";
+    EXPECT_EQ(delivered, Value()) << "delivered during the write";
     runFor(0);
-    EXPECT_EQ(heard, Value(3));
+    EXPECT_EQ(delivered, Value(3));
 }
 
-TEST_F(ScopedWriteTest, RowsSetterReachesThePage) {
+TEST_F(ScopedWriteTest, RowSetterReachesThePage) {
     switchRow(page, "enabled")->performSetterWithValue(false);
     EXPECT_EQ(stored(), (Dictionary{{"enabled", false}}));
 }
