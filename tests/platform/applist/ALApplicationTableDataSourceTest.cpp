@@ -42,10 +42,10 @@ TEST_F(ALApplicationTableDataSourceTest, ApplicationsAreSortedByName) {
     EXPECT_EQ(identifiers(1), (Lines{"ua", "u2", "u10", "ub"}));
 }
 
-TEST_F(ALApplicationTableDataSourceTest, EqualNamesKeepTheOrderOfTheDevice) {
+TEST_F(ALApplicationTableDataSourceTest, EqualNamesKeepTheDevicesOrder) {
     std::vector<InstalledApplication> applications;
     Lines expected;
-    for (int i = 50; i > 0; --i) { // more than a sort would leave in order by chance
+    for (int i = 50; i > 0; --i) { // enough that an unstable sort would not keep the order by chance
         expected.push_back(std::to_string(i));
         applications.push_back(userApp(expected.back(), "Same"));
     }
@@ -61,12 +61,12 @@ TEST_F(ALApplicationTableDataSourceTest, SectionWithoutApplicationsIsLeftOut) {
     EXPECT_EQ(source->tableViewTitleForHeaderInSection(*table, 0), "User Applications");
 }
 
-TEST_F(ALApplicationTableDataSourceTest, WithoutDescriptorsThereIsNothing) {
+TEST_F(ALApplicationTableDataSourceTest, WithoutDescriptorsItIsEmpty) {
     EXPECT_EQ(source->numberOfSectionsInTableView(*table), 0U);
     EXPECT_EQ(source->displayIdentifierForIndexPath({0, 0}), std::nullopt);
 }
 
-TEST_F(ALApplicationTableDataSourceTest, BeyondTheEndThereIsNothing) {
+TEST_F(ALApplicationTableDataSourceTest, PositionsPastTheEndAreEmpty) {
     useStandardSections();
     EXPECT_EQ(source->tableViewNumberOfRowsInSection(*table, 2), 0U);
     EXPECT_EQ(source->tableViewTitleForHeaderInSection(*table, 2), "");
@@ -75,7 +75,7 @@ TEST_F(ALApplicationTableDataSourceTest, BeyondTheEndThereIsNothing) {
     EXPECT_EQ(source->tableViewCellForRowAtIndexPath(*table, {0, 2}), nullptr);
 }
 
-TEST_F(ALApplicationTableDataSourceTest, NewDescriptorsListTheApplicationsAnew) {
+TEST_F(ALApplicationTableDataSourceTest, NewDescriptorsListTheApplicationsAgain) {
     useStandardSections();
     class Growing : public MemoryDevice {
       public:
@@ -92,7 +92,7 @@ TEST_F(ALApplicationTableDataSourceTest, NewDescriptorsListTheApplicationsAnew) 
     EXPECT_EQ(identifiers(0), (Lines{"a"}));
 }
 
-TEST_F(ALApplicationTableDataSourceTest, OwnDescriptorsDecide) {
+TEST_F(ALApplicationTableDataSourceTest, CustomDescriptorsDefineTheSections) {
     source->setSectionDescriptors(
         {{"A", [](const auto& application) { return application.displayName.front() == 'A'; }, 59},
          {"All", [](const auto&) { return true; }}});
@@ -111,18 +111,20 @@ TEST_F(ALApplicationTableDataSourceTest, CellShowsNameAndIcon) {
     EXPECT_EQ(source->tableViewCellForRowAtIndexPath(*table, {1, 0})->image(), nullptr);
 }
 
-TEST_F(ALApplicationTableDataSourceTest, CellTellsItsDelegateAndDoesNotKeepItAlive) {
+TEST_F(ALApplicationTableDataSourceTest, CellNotifiesItsDelegateWithoutKeepingItAlive) {
     class Delegate : public ALValueCellDelegate {
       public:
-        void valueCellDidChangeToValue(ALValueCell& /*cell*/, const Value& value) override { told = value; }
-        Value told;
+        void valueCellDidChangeToValue(ALValueCell& /*cell*/, const Value& value) override {
+            received = value;
+        }
+        Value received;
     };
     const auto cell = std::make_shared<ALValueCell>();
     cell->changeToValue(1);
     auto delegate = std::make_shared<Delegate>();
     cell->setDelegate(delegate);
     cell->changeToValue(2);
-    EXPECT_EQ(delegate->told, Value(2));
+    EXPECT_EQ(delegate->received, Value(2));
     delegate = nullptr;
     EXPECT_EQ(cell->delegate(), nullptr);
     cell->changeToValue(3);

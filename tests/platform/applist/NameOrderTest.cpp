@@ -15,11 +15,11 @@ Names sorted(Names names) {
     return names;
 }
 
-TEST(NameOrderTest, LettersCompareWithoutRegardToCase) {
+TEST(NameOrderTest, LettersCompareIgnoringCase) {
     EXPECT_EQ(sorted({"beta", "Alpha", "Gamma", "alpine"}), (Names{"Alpha", "alpine", "beta", "Gamma"}));
 }
 
-TEST(NameOrderTest, NumbersCompareByTheirValue) {
+TEST(NameOrderTest, NumbersCompareByValue) {
     EXPECT_EQ(sorted({"App 10", "App 2", "App 1"}), (Names{"App 1", "App 2", "App 10"}));
     EXPECT_EQ(sorted({"9", "10", "100", "99"}), (Names{"9", "10", "99", "100"}));
 }
@@ -28,17 +28,17 @@ TEST(NameOrderTest, TextAfterEqualNumbersDecides) {
     EXPECT_EQ(sorted({"a2b", "a2a", "a02c"}), (Names{"a2a", "a2b", "a02c"}));
 }
 
-TEST(NameOrderTest, NumbersOfAnyLengthCompare) {
+TEST(NameOrderTest, NumbersCanHaveAnyLength) {
     EXPECT_TRUE(namePrecedes("99999999999999999999998", "99999999999999999999999"));
     EXPECT_TRUE(namePrecedes("99999999999999999999999", "100000000000000000000000"));
 }
 
-TEST(NameOrderTest, LeadingZerosDoNotCount) {
+TEST(NameOrderTest, LeadingZerosAreIgnored) {
     EXPECT_TRUE(namePrecedes("App 007", "App 8"));
     EXPECT_TRUE(namePrecedes("App 000", "App 1"));
 }
 
-TEST(NameOrderTest, NamesThatDifferInZerosOrCaseAloneKeepAFixedOrder) {
+TEST(NameOrderTest, NamesThatDifferOnlyInZerosOrCaseHaveAFixedOrder) {
     for (const auto& [a, b] : {std::pair{"APP", "app"}, {"a 01", "a 1"}, {"0", "00"}})
         EXPECT_NE(namePrecedes(a, b), namePrecedes(b, a)) << a;
 }
@@ -49,12 +49,12 @@ TEST(NameOrderTest, ShorterNameComesFirst) {
     EXPECT_FALSE(namePrecedes("a", ""));
 }
 
-TEST(NameOrderTest, NothingPrecedesItself) {
+TEST(NameOrderTest, NoNamePrecedesItself) {
     for (const auto* name : {"", "a", "App 10", "007"})
         EXPECT_FALSE(namePrecedes(name, name));
 }
 
-TEST(NameOrderTest, LatinLettersStandWithTheirBaseLetters) {
+TEST(NameOrderTest, LatinLettersSortWithTheirBaseLetters) {
     EXPECT_EQ(sorted({"Euro", "Étude", "Echo", "zoo", "Ångström", "apple", "Łódź", "lodz", "Mail"}),
               (Names{"Ångström", "apple", "Echo", "Étude", "Euro", "lodz", "Łódź", "Mail", "zoo"}));
     EXPECT_EQ(sorted({"y", "Ỹ", "z", "x"}), (Names{"x", "y", "Ỹ", "z"}));
@@ -62,7 +62,7 @@ TEST(NameOrderTest, LatinLettersStandWithTheirBaseLetters) {
               (Names{"tag", "Über", "uhr", "zebra", "Žena"}));
 }
 
-TEST(NameOrderTest, EveryLatinLetterStandsInTheAlphabet) {
+TEST(NameOrderTest, EveryLatinLetterSortsWithinTheAlphabet) {
     const auto text = [](unsigned character) {
         std::string result;
         if (character >= 0x800) {
@@ -82,21 +82,21 @@ TEST(NameOrderTest, EveryLatinLetterStandsInTheAlphabet) {
         }
 }
 
-TEST(NameOrderTest, AccentOfItsOwnIsThatOfItsLetter) {
+TEST(NameOrderTest, SeparateAccentBelongsToItsLetter) {
     EXPECT_EQ(sorted({"Euro", "E\u0301tude", "Echo"}), (Names{"Echo", "E\u0301tude", "Euro"}));
     EXPECT_TRUE(namePrecedes("e\u0301\u0302", "ea"));
 }
 
-TEST(NameOrderTest, NamesThatDifferInAccentsAloneKeepAFixedOrder) {
+TEST(NameOrderTest, NamesThatDifferOnlyInAccentsHaveAFixedOrder) {
     for (const auto& [a, b] : {std::pair{"Etude", "Étude"}, {"E\u0301", "\u00c9"}})
         EXPECT_NE(namePrecedes(a, b), namePrecedes(b, a)) << a;
 }
 
-TEST(NameOrderTest, OtherCharactersCompareByTheirBytes) {
+TEST(NameOrderTest, OtherCharactersCompareByBytes) {
     EXPECT_EQ(sorted({"я", "α", "z", "_", " a", "×", "日"}), (Names{" a", "_", "z", "×", "α", "я", "日"}));
 }
 
-TEST(NameOrderTest, WhatIsNoUtf8ComparesByItsBytes) {
+TEST(NameOrderTest, InvalidUtf8ComparesByBytes) {
     EXPECT_EQ(sorted({"\xff", "\xc3", "\xc3z", "\xe1\xb8", "a\xcc", "a"}),
               (Names{"a", "a\xcc", "\xc3", "\xc3z", "\xe1\xb8", "\xff"}));
 }
