@@ -32,14 +32,14 @@ TEST(ColorTextTest, DigitsAreReadInEitherCase) {
     EXPECT_EQ(colorFromText("#FFFFFF"), UIColor::whiteColor());
 }
 
-TEST(ColorTextTest, OneDigitStandsForItselfTwice) {
+TEST(ColorTextTest, SingleDigitCountsTwice) {
     EXPECT_EQ(colorFromText("#fff"), UIColor::whiteColor());
     EXPECT_EQ(colorFromText("000"), UIColor::blackColor());
     EXPECT_EQ(colorFromText("#18f"), colorFromText("#1188ff"));
     EXPECT_EQ(colorFromText("18F:0.5"), colorFromText("#1188ff:0.5"));
 }
 
-TEST(ColorTextTest, AlphaStandsBehindAColon) {
+TEST(ColorTextTest, AlphaFollowsAColon) {
     EXPECT_EQ(colorFromText("#de3027:1.000000"), orange);
     EXPECT_EQ(colorFromText("#de3027:0.500000"), translucent(0.5));
     EXPECT_EQ(colorFromText("de3027:0"), translucent(0));
@@ -48,31 +48,31 @@ TEST(ColorTextTest, AlphaStandsBehindAColon) {
     EXPECT_EQ(colorFromText("de3027:0."), translucent(0));
 }
 
-TEST(ColorTextTest, WithoutAlphaAColorIsOpaque) { EXPECT_EQ(colorFromText("#123")->alpha, 1); }
+TEST(ColorTextTest, DefaultAlphaIsOpaque) { EXPECT_EQ(colorFromText("#123")->alpha, 1); }
 
-TEST(ColorTextTest, WrongNumberOfDigitsIsNoColor) {
+TEST(ColorTextTest, WrongNumberOfDigitsIsRejected) {
     for (const auto* text : {"", "#", "1", "#12", "1234", "#12345", "1234567", "#12345678"})
         EXPECT_EQ(colorFromText(text), std::nullopt) << text;
 }
 
-TEST(ColorTextTest, WhatIsNoHexadecimalDigitIsNoColor) {
+TEST(ColorTextTest, NonHexadecimalDigitsAreRejected) {
     for (const auto* text : {"#de302g", "#g03027", "red", "#-e3027", "-e3027", "+de302", "#+e3027", "0xde30",
                              "0x1", "#0x123", "##de302", "##123", "de3027#", "de-027", "12.", "inf", "nan"})
         EXPECT_EQ(colorFromText(text), std::nullopt) << text;
 }
 
-TEST(ColorTextTest, SpacesAreNoPartOfAColor) {
+TEST(ColorTextTest, SpacesAreRejected) {
     for (const auto* text : {" #de3027", "#de3027 ", "# de302", " de302", "de302 ", "# 12", "12 ", "de 027",
                              "\tde302", "#de3027\n", "#de3027 :1", "#de3027: 1", "#de3027:1 "})
         EXPECT_EQ(colorFromText(text), std::nullopt) << text;
 }
 
-TEST(ColorTextTest, AlphaOutOfRangeIsNoColor) {
+TEST(ColorTextTest, AlphaOutOfRangeIsRejected) {
     for (const auto* text : {"#de3027:1.000001", "#de3027:2", "#de3027:-0.1", "#de3027:-1", "#de3027:-0"})
         EXPECT_EQ(colorFromText(text), std::nullopt) << text;
 }
 
-TEST(ColorTextTest, AlphaThatIsNoPlainNumberIsNoColor) {
+TEST(ColorTextTest, AlphaThatIsNotAPlainNumberIsRejected) {
     for (const auto* text :
          {"#de3027:", "#de3027:x", "#de3027:+1", "#de3027:inf", "#de3027:nan", "#de3027:-nan", "#de3027:0x1",
           "#de3027:1e0", "#de3027:1e-1", "#de3027:0,5", "#de3027:.", "#de3027:1.0x", "#de3027:1:1",
@@ -80,7 +80,7 @@ TEST(ColorTextTest, AlphaThatIsNoPlainNumberIsNoColor) {
         EXPECT_EQ(colorFromText(text), std::nullopt) << text;
 }
 
-TEST(ColorTextTest, NULIsNoPartOfAColor) {
+TEST(ColorTextTest, NULIsRejected) {
     EXPECT_EQ(colorFromText("#de302\0"sv), std::nullopt);
     EXPECT_EQ(colorFromText("#de3027\0"sv), std::nullopt);
     EXPECT_EQ(colorFromText("#de3027:1\0"sv), std::nullopt);
@@ -93,21 +93,21 @@ TEST(ColorTextTest, ReadingStaysWithinTheText) {
     EXPECT_EQ(colorFromText(longer.substr(0, 8)), std::nullopt);
 }
 
-TEST(ColorTextTest, TextThatIsNoColorGivesTheFallback) {
+TEST(ColorTextTest, InvalidColorGivesTheFallback) {
     EXPECT_EQ(SWKParseColorString("", "#de3027"), orange);
     EXPECT_EQ(SWKParseColorString("junk", "#de3027:0.5"), translucent(0.5));
 }
 
-TEST(ColorTextTest, ColorPrecedesTheFallback) {
+TEST(ColorTextTest, ColorTakesPrecedenceOverTheFallback) {
     EXPECT_EQ(SWKParseColorString("#000", "#de3027"), UIColor::blackColor());
 }
 
-TEST(ColorTextTest, WithoutAnyColorTextItIsWhite) {
+TEST(ColorTextTest, WithoutAnyValidColorTheResultIsWhite) {
     EXPECT_EQ(SWKParseColorString("", ""), UIColor::whiteColor());
     EXPECT_EQ(SWKParseColorString("x", "y"), UIColor::whiteColor());
 }
 
-TEST(ColorTextTest, HexTextIsInLowerCaseWithoutTheAlpha) {
+TEST(ColorTextTest, HexTextIsLowercaseWithoutAlpha) {
     EXPECT_EQ(hexFromColor(translucent(0.25)), "#de3027");
     EXPECT_EQ(hexFromColor({0, 0.5, 1, 1}), "#0080ff");
 }
@@ -116,13 +116,13 @@ TEST(ColorTextTest, ComponentsAreRoundedToTheNearestByte) {
     EXPECT_EQ(hexFromColor({0.4 / 255, 0.6 / 255, 254.6 / 255, 1}), "#0001ff");
 }
 
-TEST(ColorTextTest, ComponentsBeyondTheirEndsAreThere) {
+TEST(ColorTextTest, ComponentsAreClamped) {
     constexpr auto infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(hexFromColor({-0.5, 1.5, 1e300, 1}), "#00ffff");
     EXPECT_EQ(hexFromColor({-infinity, infinity, std::nan(""), 1}), "#00ff00");
 }
 
-TEST(ColorTextTest, EveryByteComesBackFromItsText) {
+TEST(ColorTextTest, EveryByteRoundTripsThroughText) {
     for (int byte = 0; byte < 256; ++byte) {
         const double component = byte / 255.0;
         for (const UIColor color : {UIColor{component, 0, 1, 1}, {1, component, 0, 1}, {0, 1, component, 1}})
@@ -130,7 +130,7 @@ TEST(ColorTextTest, EveryByteComesBackFromItsText) {
     }
 }
 
-TEST(ColorTextTest, EveryTextComesBackFromItsColor) {
+TEST(ColorTextTest, EveryByteFormatsAsItsHexDigits) {
     for (unsigned byte = 0; byte < 256; ++byte) {
         const auto text = hexFromColor({byte / 255.0, byte / 255.0, byte / 255.0, 1});
         EXPECT_EQ(text.substr(1, 2), text.substr(3, 2));
@@ -138,7 +138,7 @@ TEST(ColorTextTest, EveryTextComesBackFromItsColor) {
     }
 }
 
-TEST(ColorTextTest, StoredFormIsReadWhateverTheLocale) {
+TEST(ColorTextTest, StoredFormIsReadInAnyLocale) {
     const std::string former = std::setlocale(LC_NUMERIC, nullptr);
     for (const auto* commaLocale : {"de_DE.UTF-8", "fr_FR.UTF-8", "C.UTF-8"})
         if (std::setlocale(LC_NUMERIC, commaLocale)) break;

@@ -17,7 +17,7 @@ struct SWColorAlertTest : MemoryWorld {
     std::vector<UIColor> chosen;
 };
 
-TEST_F(SWColorAlertTest, IsPresentedUntilItIsEnded) {
+TEST_F(SWColorAlertTest, IsPresentedUntilAcceptedOrCanceled) {
     EXPECT_EQ(topmostPresented<SWColorAlert>(), nullptr);
     const auto first = open();
     const auto second = open();
@@ -35,7 +35,7 @@ TEST_F(SWColorAlertTest, StartsAtTheStartColor) {
     EXPECT_EQ(picker->hexText(), "#ff0000");
 }
 
-TEST_F(SWColorAlertTest, AcceptingTellsTheColorOnce) {
+TEST_F(SWColorAlertTest, AcceptingReportsTheColorOnce) {
     const auto picker = open();
     picker->setColor({0, 1, 0, 1});
     picker->accept();
@@ -44,14 +44,14 @@ TEST_F(SWColorAlertTest, AcceptingTellsTheColorOnce) {
     EXPECT_EQ(picker->startColor(), start);
 }
 
-TEST_F(SWColorAlertTest, CancellingTellsNothingEver) {
+TEST_F(SWColorAlertTest, CancelingReportsNothing) {
     const auto picker = open();
     picker->cancel();
     picker->accept();
     EXPECT_TRUE(chosen.empty());
 }
 
-TEST_F(SWColorAlertTest, CompletionFindsThePickerGone) {
+TEST_F(SWColorAlertTest, CompletionRunsAfterThePickerIsDismissed) {
     const auto picker = SWColorAlert::colorAlertWithStartColor(start, false);
     bool gone = false;
     picker->displayWithCompletion([&](const UIColor&) { gone = !topmostPresented<SWColorAlert>(); });
@@ -59,7 +59,7 @@ TEST_F(SWColorAlertTest, CompletionFindsThePickerGone) {
     EXPECT_TRUE(gone);
 }
 
-TEST_F(SWColorAlertTest, HiddenAlphaStaysAsItWas) {
+TEST_F(SWColorAlertTest, HiddenAlphaStaysUnchanged) {
     const auto picker = open(Alpha::hidden);
     EXPECT_FALSE(picker->showsAlpha());
     picker->setAlpha(0.1);
@@ -70,7 +70,7 @@ TEST_F(SWColorAlertTest, HiddenAlphaStaysAsItWas) {
     EXPECT_EQ(picker->color().alpha, 0.5);
 }
 
-TEST_F(SWColorAlertTest, ShownAlphaIsSetWithinItsRange) {
+TEST_F(SWColorAlertTest, ShownAlphaIsClamped) {
     const auto picker = open(Alpha::shown);
     EXPECT_TRUE(picker->showsAlpha());
     picker->setAlpha(0.1);
@@ -83,7 +83,7 @@ TEST_F(SWColorAlertTest, ShownAlphaIsSetWithinItsRange) {
     EXPECT_EQ(picker->color(), (UIColor{0, 1, 0, 0.25}));
 }
 
-TEST_F(SWColorAlertTest, TextThatIsNoColorChangesNothing) {
+TEST_F(SWColorAlertTest, InvalidColorTextChangesNothing) {
     const auto picker = open();
     int changes = 0;
     const auto subscription = picker->observe([&] { ++changes; });
@@ -92,7 +92,7 @@ TEST_F(SWColorAlertTest, TextThatIsNoColorChangesNothing) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(SWColorAlertTest, GreyKeepsTheHueThatItWasSetWith) {
+TEST_F(SWColorAlertTest, GrayKeepsItsHue) {
     const auto picker = open();
     picker->setHSB({0.5, 0, 0.25});
     EXPECT_EQ(picker->hexText(), "#404040");
@@ -122,7 +122,7 @@ TEST_F(SWColorAlertTest, HSBFollowsTheColor) {
     EXPECT_EQ(picker->hsb().brightness, 1);
 }
 
-TEST_F(SWColorAlertTest, ObserversHearOfEveryChange) {
+TEST_F(SWColorAlertTest, ObserversAreNotifiedOfEveryChange) {
     const auto picker = open(Alpha::shown);
     int changes = 0;
     const auto subscription = picker->observe([&] { ++changes; });

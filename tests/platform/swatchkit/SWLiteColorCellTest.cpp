@@ -7,11 +7,11 @@ namespace {
 class Cell : public SWLiteColorCell {
   public:
     UIColor previewColor() override {
-        ++asked;
+        ++computed;
         return color;
     }
     UIColor color{1, 0, 0, 1};
-    int asked = 0;
+    int computed = 0;
 };
 
 struct SWLiteColorCellTest : MemoryWorld {
@@ -32,10 +32,10 @@ TEST_F(SWLiteColorCellTest, ShowsItsColorAndItsName) {
     show("changed");
     EXPECT_EQ(cell->swatch(), cell->color);
     EXPECT_EQ(cell->textLabel().text(), "Name");
-    EXPECT_EQ(cell->asked, 1);
+    EXPECT_EQ(cell->computed, 1);
 }
 
-TEST_F(SWLiteColorCellTest, AsksAgainWhenTheNamedNotificationArrives) {
+TEST_F(SWLiteColorCellTest, RefreshesOnTheNamedNotification) {
     show("changed");
     cell->color = UIColor::blackColor();
     int changes = 0;
@@ -45,27 +45,27 @@ TEST_F(SWLiteColorCellTest, AsksAgainWhenTheNamedNotificationArrives) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(SWLiteColorCellTest, SameColorIsNoChange) {
+TEST_F(SWLiteColorCellTest, SameColorIsNotAChange) {
     show("changed");
     int changes = 0;
     const auto subscription = cell->observe([&] { ++changes; });
     post("changed");
-    EXPECT_EQ(cell->asked, 2);
+    EXPECT_EQ(cell->computed, 2);
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(SWLiteColorCellTest, OtherNotificationsAreNotHeard) {
+TEST_F(SWLiteColorCellTest, OtherNotificationsAreIgnored) {
     show("changed");
     device.observeNotification("other");
     post("other");
-    EXPECT_EQ(cell->asked, 1);
+    EXPECT_EQ(cell->computed, 1);
 }
 
 TEST_F(SWLiteColorCellTest, RowWithoutAListenerIsNotRefreshed) {
     show(nullptr);
     device.observeNotification("changed");
     post("changed");
-    EXPECT_EQ(cell->asked, 1);
+    EXPECT_EQ(cell->computed, 1);
 }
 
 TEST_F(SWLiteColorCellTest, ReleasedCellIsNotCalled) {
