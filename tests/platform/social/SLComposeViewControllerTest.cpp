@@ -24,13 +24,13 @@ struct SLComposeViewControllerTest : MemoryWorld {
         SLComposeViewController::composeViewControllerForServiceType(SLServiceTypeTwitter);
 };
 
-TEST_F(SLComposeViewControllerTest, IsAnEmptySheetOfItsService) {
+TEST_F(SLComposeViewControllerTest, IsAnEmptySheetForItsService) {
     EXPECT_EQ(sheet->serviceType(), SLServiceType::twitter);
     EXPECT_EQ(sheet->serviceName(), "Twitter");
     EXPECT_EQ(sheet->text(), "");
 }
 
-TEST_F(SLComposeViewControllerTest, TextIsTheInitialOneUntilItIsEdited) {
+TEST_F(SLComposeViewControllerTest, TextIsTheInitialTextUntilEdited) {
     int changes = 0;
     const auto subscription = sheet->observe([&] { ++changes; });
     sheet->setInitialText("Hello");
@@ -40,7 +40,7 @@ TEST_F(SLComposeViewControllerTest, TextIsTheInitialOneUntilItIsEdited) {
     EXPECT_EQ(changes, 2);
 }
 
-TEST_F(SLComposeViewControllerTest, SendingOpensTheServicesPageAndEndsTheSheet) {
+TEST_F(SLComposeViewControllerTest, SendingOpensTheServicesPageAndDismissesTheSheet) {
     EXPECT_EQ(sent("Hello"), post("Hello"));
     EXPECT_EQ(links().size(), 1U);
     EXPECT_TRUE(UIApplication::sharedApplication()->presented().empty());
@@ -53,7 +53,7 @@ TEST_F(SLComposeViewControllerTest, DismissingOpensNothing) {
     EXPECT_TRUE(UIApplication::sharedApplication()->presented().empty());
 }
 
-TEST_F(SLComposeViewControllerTest, UnreservedCharactersStandForThemselves) {
+TEST_F(SLComposeViewControllerTest, UnreservedCharactersStayUnescaped) {
     const std::string text = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
     EXPECT_EQ(sent(text), post(text));
 }
@@ -72,7 +72,7 @@ TEST_F(SLComposeViewControllerTest, EveryByteOfUTF8IsEscaped) {
     EXPECT_EQ(sent("\xC3\xBC\xE2\x80\x93\xF0\x9F\x8E\xA8"), post("%C3%BC%E2%80%93%F0%9F%8E%A8"));
 }
 
-TEST_F(SLComposeViewControllerTest, EmptyPostIsAnEmptyText) { EXPECT_EQ(sent(""), post("")); }
+TEST_F(SLComposeViewControllerTest, EmptyPostHasAnEmptyText) { EXPECT_EQ(sent(""), post("")); }
 
 } // namespace
 } // namespace prismo

@@ -14,12 +14,12 @@ struct SLRequestTest : MemoryWorld {
     }
 };
 
-TEST_F(SLRequestTest, MethodsHaveThePlatformsNumbers) {
+TEST_F(SLRequestTest, MethodsHaveThePlatformsValues) {
     EXPECT_EQ(static_cast<int>(SLRequestMethod::get), 0);
     EXPECT_EQ(static_cast<int>(SLRequestMethod::post), 1);
 }
 
-TEST_F(SLRequestTest, IsMadeInTheNameOfItsAccount) {
+TEST_F(SLRequestTest, IsSentOnBehalfOfItsAccount) {
     const auto made = request();
     made->setAccount(account());
     int status = 0;
@@ -35,7 +35,7 @@ TEST_F(SLRequestTest, IsMadeInTheNameOfItsAccount) {
     EXPECT_EQ(status, 200);
 }
 
-TEST_F(SLRequestTest, GetIsNoPost) {
+TEST_F(SLRequestTest, GetIsSentAsGet) {
     const auto made = request(SLRequestMethod::get);
     made->setAccount(account());
     made->performRequestWithHandler([](int) {});
@@ -48,7 +48,7 @@ TEST_F(SLRequestTest, WithoutAnAccountNothingIsSent) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(SLRequestTest, StoreListsTheAccountsOfTheServiceInOrder) {
+TEST_F(SLRequestTest, StoreListsTheServicesAccountsInOrder) {
     device.setAccounts(MemoryDevice::AccountAccess::granted, {{"2", "zoe"}, {"1", "ada"}});
     const ACAccountStore store;
     const auto accounts =
@@ -65,7 +65,7 @@ TEST_F(SLRequestTest, StoreListsNoAccountsOfOtherServices) {
     EXPECT_TRUE(store.accountsWithAccountType(store.accountTypeWithAccountTypeIdentifier("other")).empty());
 }
 
-TEST_F(SLRequestTest, AccessIsAnsweredOnceOnTheLoop) {
+TEST_F(SLRequestTest, AccessIsAnsweredOnceOnTheRunLoop) {
     for (const bool granted : {true, false}) {
         device.setAccounts(
             granted ? MemoryDevice::AccountAccess::granted : MemoryDevice::AccountAccess::refused, {});
