@@ -9,7 +9,7 @@
 
 namespace prismo {
 
-/// Keeps the senders of the messages "first:" and "second:" that reach it, in order.
+/// Records the senders of the messages "first:" and "second:", in order.
 struct Recorder : NSObject {
     using Received = std::pair<std::string, std::shared_ptr<NSObject>>;
 

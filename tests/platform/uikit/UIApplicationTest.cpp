@@ -10,25 +10,25 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Notes the notifications of the status bar, and the screen and the window as they are then.
+/// Records the status bar's notifications, with the widths of the screen and the window at the time.
 struct StatusBarWatcher : NSObject {
     static const Class& classObject() {
         static const Class objectClass(
             "StatusBarWatcher", &NSObject::classObject(), nullptr,
-            {method<&StatusBarWatcher::frame>("frame:"), method<&StatusBarWatcher::turned>("turned:")});
+            {method<&StatusBarWatcher::frame>("frame:"), method<&StatusBarWatcher::rotated>("rotated:")});
         return objectClass;
     }
     const Class& isa() const override { return classObject(); }
-    void frame(const std::shared_ptr<NSObject>& sender) { note("frame", sender); }
-    void turned(const std::shared_ptr<NSObject>& sender) { note("turned", sender); }
-    void note(const std::string& name, const std::shared_ptr<NSObject>& sender) {
+    void frame(const std::shared_ptr<NSObject>& sender) { record("frame", sender); }
+    void rotated(const std::shared_ptr<NSObject>& sender) { record("rotated", sender); }
+    void record(const std::string& name, const std::shared_ptr<NSObject>& sender) {
         const auto& application = UIApplication::sharedApplication();
         EXPECT_EQ(sender, application);
-        noted.push_back(name);
+        names.push_back(name);
         screens.push_back(application->mainScreen()->bounds().size.width);
         windows.push_back(application->keyWindow()->frame().size.width);
     }
-    Lines noted;
+    Lines names;
     std::vector<double> screens;
     std::vector<double> windows;
 };
@@ -38,7 +38,7 @@ struct UIApplicationTest : MemoryWorld {
         device.notificationCenter().addObserver(
             watcher, "frame:", "UIApplicationWillChangeStatusBarFrameNotification");
         device.notificationCenter().addObserver(
-            watcher, "turned:", "UIApplicationDidChangeStatusBarOrientationNotification");
+            watcher, "rotated:", "UIApplicationDidChangeStatusBarOrientationNotification");
     }
     static UIApplication& application() { return *UIApplication::sharedApplication(); }
 
@@ -52,13 +52,13 @@ TEST_F(UIApplicationTest, StartsWithAWindowThatFillsTheScreen) {
     EXPECT_TRUE(application().presented().empty());
 }
 
-TEST_F(UIApplicationTest, WindowLevelsHaveThePlatformsNumbers) {
+TEST_F(UIApplicationTest, WindowLevelsHaveThePlatformsValues) {
     EXPECT_EQ(UIWindowLevelNormal, 0);
     EXPECT_EQ(UIWindowLevelStatusBar, 1000);
     EXPECT_EQ(UIWindowLevelAlert, 2000);
 }
 
-TEST_F(UIApplicationTest, MainScreenIsTheApplications) {
+TEST_F(UIApplicationTest, MainScreenBelongsToTheApplication) {
     EXPECT_EQ(UIScreen::mainScreen(), application().mainScreen());
     application().setMainScreen(std::nullopt);
     EXPECT_EQ(UIScreen::mainScreen(), nullptr);
@@ -72,30 +72,30 @@ TEST_F(UIApplicationTest, RestartForgetsEverything) {
     EXPECT_TRUE(application().presented().empty());
 }
 
-TEST_F(UIApplicationTest, NewSizeIsThatOfScreenAndWindow) {
+TEST_F(UIApplicationTest, NewSizeAppliesToScreenAndWindow) {
     application().setScreenSize({414, 736});
     EXPECT_EQ(application().mainScreen()->bounds(), (CGRect{{0, 0}, {414, 736}}));
     EXPECT_EQ(application().keyWindow()->frame(), (CGRect{{0, 0}, {414, 736}}));
 }
 
-TEST_F(UIApplicationTest, NewSizeInTheSameOrientationChangesTheFrameOnly) {
+TEST_F(UIApplicationTest, NewSizeInTheSameOrientationChangesOnlyTheFrame) {
     application().setScreenSize({414, 736});
-    EXPECT_EQ(watcher->noted, (Lines{"frame"}));
+    EXPECT_EQ(watcher->names, (Lines{"frame"}));
 }
 
-TEST_F(UIApplicationTest, TurningChangesTheFrameAndThenTheOrientation) {
+TEST_F(UIApplicationTest, RotationChangesTheFrameThenTheOrientation) {
     application().setScreenSize({568, 320});
-    EXPECT_EQ(watcher->noted, (Lines{"frame", "turned"}));
+    EXPECT_EQ(watcher->names, (Lines{"frame", "rotated"}));
     application().setScreenSize({320, 568});
-    EXPECT_EQ(watcher->noted, (Lines{"frame", "turned", "frame", "turned"}));
+    EXPECT_EQ(watcher->names, (Lines{"frame", "rotated", "frame", "rotated"}));
 }
 
-TEST_F(UIApplicationTest, SquareScreenCountsAsUpright) {
+TEST_F(UIApplicationTest, SquareScreenIsPortrait) {
     application().setScreenSize({400, 400});
-    EXPECT_EQ(watcher->noted, (Lines{"frame"}));
+    EXPECT_EQ(watcher->names, (Lines{"frame"}));
 }
 
-TEST_F(UIApplicationTest, OrientationIsThatOfTheMainScreen) {
+TEST_F(UIApplicationTest, OrientationFollowsTheMainScreen) {
     EXPECT_EQ(application().statusBarOrientation(), UIInterfaceOrientation::portrait);
     application().setScreenSize({568, 320});
     EXPECT_EQ(application().statusBarOrientation(), UIInterfaceOrientation::landscapeRight);
@@ -105,40 +105,40 @@ TEST_F(UIApplicationTest, OrientationIsThatOfTheMainScreen) {
     EXPECT_EQ(application().statusBarOrientation(), UIInterfaceOrientation::portrait);
 }
 
-TEST_F(UIApplicationTest, OrientationsHaveThePlatformsNumbers) {
+TEST_F(UIApplicationTest, OrientationsHaveThePlatformsValues) {
     EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::portrait), 1);
     EXPECT_EQ(static_cast<int>(UIInterfaceOrientation::landscapeRight), 3);
 }
 
-TEST_F(UIApplicationTest, TurningKeepsTheScreensScale) {
+TEST_F(UIApplicationTest, RotationKeepsTheScreensScale) {
     application().setMainScreen(UIScreen({{0, 0}, {414, 736}}, 3));
     application().setScreenSize({736, 414});
     EXPECT_EQ(application().mainScreen()->scale(), 3);
 }
 
-TEST_F(UIApplicationTest, ScreenHasItsSizeBeforeTheFrameChangesAndTheWindowAfterIt) {
+TEST_F(UIApplicationTest, ScreenIsResizedBeforeTheFrameNotificationAndTheWindowAfterIt) {
     application().setScreenSize({568, 320});
     EXPECT_EQ(watcher->screens, (std::vector<double>{568, 568}));
     EXPECT_EQ(watcher->windows, (std::vector<double>{320, 568}));
 }
 
-TEST_F(UIApplicationTest, NewSizeGivesAScreenWhereThereWasNoneAndTurnsNothing) {
+TEST_F(UIApplicationTest, NewSizeCreatesAMissingScreenWithoutRotation) {
     for (const CGSize size : {CGSize{568, 320}, CGSize{320, 568}}) {
         application().setMainScreen(std::nullopt);
         application().setScreenSize(size);
         EXPECT_EQ(application().mainScreen()->bounds().size, size);
     }
-    EXPECT_EQ(watcher->noted, (Lines{"frame", "frame"}));
+    EXPECT_EQ(watcher->names, (Lines{"frame", "frame"}));
 }
 
-TEST_F(UIApplicationTest, NewSizeNeedsNoWindow) {
+TEST_F(UIApplicationTest, NewSizeWorksWithoutAWindow) {
     watcher = nullptr;
     application().setKeyWindow(nullptr);
     application().setScreenSize({568, 320});
     EXPECT_EQ(application().mainScreen()->bounds().size, (CGSize{568, 320}));
 }
 
-TEST_F(UIApplicationTest, PresentedObjectsStandInOrderAndAreKept) {
+TEST_F(UIApplicationTest, PresentedObjectsAreOrderedAndKeptAlive) {
     auto first = std::make_shared<NSObject>();
     const auto second = std::make_shared<NSObject>();
     const std::weak_ptr<NSObject> watched = first;
@@ -152,7 +152,7 @@ TEST_F(UIApplicationTest, PresentedObjectsStandInOrderAndAreKept) {
     EXPECT_EQ(application().presented(), (std::vector<std::shared_ptr<NSObject>>{second}));
 }
 
-TEST_F(UIApplicationTest, DismissingTheFirstLeavesAllOthers) {
+TEST_F(UIApplicationTest, DismissingTheFirstKeepsAllOthers) {
     const auto other = std::make_shared<NSObject>();
     application().present(std::make_shared<NSObject>());
     application().present(other);
@@ -161,7 +161,7 @@ TEST_F(UIApplicationTest, DismissingTheFirstLeavesAllOthers) {
     EXPECT_EQ(application().presented(), (std::vector<std::shared_ptr<NSObject>>{other, other}));
 }
 
-TEST_F(UIApplicationTest, DismissingWhatIsNotPresentedChangesNothing) {
+TEST_F(UIApplicationTest, DismissingAnObjectNotPresentedChangesNothing) {
     application().present(std::make_shared<NSObject>());
     int changes = 0;
     const auto subscription = application().observe([&] { ++changes; });
@@ -170,7 +170,7 @@ TEST_F(UIApplicationTest, DismissingWhatIsNotPresentedChangesNothing) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(UIApplicationTest, PresentingDismissingAndResizingAreTold) {
+TEST_F(UIApplicationTest, PresentingDismissingAndResizingNotifyObservers) {
     int changes = 0;
     const auto subscription = application().observe([&] { ++changes; });
     const auto object = std::make_shared<NSObject>();
@@ -182,7 +182,7 @@ TEST_F(UIApplicationTest, PresentingDismissingAndResizingAreTold) {
     EXPECT_EQ(changes, 3);
 }
 
-TEST_F(UIApplicationTest, TopmostOfAClassIsTheLastOne) {
+TEST_F(UIApplicationTest, TopmostOfAClassIsTheLastPresented) {
     const auto alert = [] { return std::make_shared<UIAlertView>("T", "M", nullptr, "OK"); };
     EXPECT_EQ(topmostPresented<UIAlertView>(), nullptr);
     application().present(alert());
@@ -192,13 +192,13 @@ TEST_F(UIApplicationTest, TopmostOfAClassIsTheLastOne) {
     EXPECT_EQ(topmostPresented<UIAlertView>(), last);
 }
 
-TEST_F(UIApplicationTest, PagePresentsOverEverything) {
+TEST_F(UIApplicationTest, PresentedPageIsOnTop) {
     const auto sheet = std::make_shared<UIViewController>();
     std::make_shared<UIViewController>()->presentViewController(sheet, true);
     EXPECT_EQ(application().presented(), (std::vector<std::shared_ptr<NSObject>>{sheet}));
 }
 
-TEST_F(UIApplicationTest, PresentedPageKnowsThePageThatItIsShownOver) {
+TEST_F(UIApplicationTest, PresentedPageKnowsItsPresenter) {
     const auto page = std::make_shared<UIViewController>();
     const auto sheet = std::make_shared<UIViewController>();
     EXPECT_EQ(sheet->presentingViewController(), nullptr);
@@ -209,7 +209,7 @@ TEST_F(UIApplicationTest, PresentedPageKnowsThePageThatItIsShownOver) {
     EXPECT_TRUE(application().presented().empty());
 }
 
-TEST_F(UIApplicationTest, AppearanceIsThatOfExactlyOneClass) {
+TEST_F(UIApplicationTest, AppearanceAppliesToExactlyOneClass) {
     const UIAppearance red{.segmentedControlTintColor = UIColor{1, 0, 0, 1},
                            .sliderMaximumTrackTintColor = {},
                            .switchOnTintColor = {}};

@@ -14,7 +14,7 @@ struct UIBarButtonItemTest : testing::Test {
     std::shared_ptr<UIBarButtonItem> item = std::make_shared<UIBarButtonItem>();
 };
 
-TEST_F(UIBarButtonItemTest, IsWhatItWasMadeAs) {
+TEST_F(UIBarButtonItemTest, KeepsItsImageAndStyle) {
     const auto image = std::make_shared<UIImage>(CGSize{1, 1}, Data());
     item->initWithImage(image, UIBarButtonItemStyle::done, target, "first:");
     EXPECT_EQ(item->image(), image);
@@ -27,14 +27,14 @@ TEST_F(UIBarButtonItemTest, TapSendsTheActionWithTheItem) {
     EXPECT_EQ(target->received, (std::vector<Recorder::Received>{{"first", item}}));
 }
 
-TEST_F(UIBarButtonItemTest, ReleasedTargetIsNotTold) {
+TEST_F(UIBarButtonItemTest, TargetIsNotKeptAlive) {
     const std::weak_ptr<Recorder> watched = target;
     target = nullptr;
     EXPECT_TRUE(watched.expired());
     item->tap();
 }
 
-TEST_F(UIBarButtonItemTest, NavigationItemOwnsItAndTellsOfIt) {
+TEST_F(UIBarButtonItemTest, NavigationItemOwnsItAndReportsItOnce) {
     UIViewController page;
     int changes = 0;
     const auto subscription = page.navigationItem().observe([&] { ++changes; });

@@ -15,21 +15,21 @@ class Page : public UIViewController {
     Page(std::string name, Lines& calls) : name_(std::move(name)), calls_(calls) {}
 
     void loadView() override {
-        note("loadView");
+        record("loadView");
         UIViewController::loadView();
     }
-    void viewDidLoad() override { note("viewDidLoad"); }
-    void viewWillAppear(bool animated) override { note(animated ? "willAppear animated" : "willAppear"); }
-    void viewDidAppear(bool animated) override { note(animated ? "didAppear animated" : "didAppear"); }
+    void viewDidLoad() override { record("viewDidLoad"); }
+    void viewWillAppear(bool animated) override { record(animated ? "willAppear animated" : "willAppear"); }
+    void viewDidAppear(bool animated) override { record(animated ? "didAppear animated" : "didAppear"); }
     void viewWillDisappear(bool animated) override {
-        note(animated ? "willDisappear animated" : "willDisappear");
+        record(animated ? "willDisappear animated" : "willDisappear");
     }
     void viewDidDisappear(bool animated) override {
-        note(animated ? "didDisappear animated" : "didDisappear");
+        record(animated ? "didDisappear animated" : "didDisappear");
     }
 
   private:
-    void note(const char* what) { calls_.push_back(name_ + ' ' + what); }
+    void record(const char* what) { calls_.push_back(name_ + ' ' + what); }
     std::string name_;
     Lines& calls_;
 };
@@ -68,7 +68,7 @@ TEST_F(UINavigationControllerTest, PushedPageIsLoadedBeforeTheCoveredOneDisappea
 }
 
 TEST_F(UINavigationControllerTest, PageKnowsItsControllerWhileItLoads) {
-    class Curious : public UIViewController {
+    class CheckingPage : public UIViewController {
       public:
         void loadView() override {
             known = navigationController() != nullptr;
@@ -76,9 +76,9 @@ TEST_F(UINavigationControllerTest, PageKnowsItsControllerWhileItLoads) {
         }
         bool known = false;
     };
-    const auto curious = std::make_shared<Curious>();
-    navigation->pushViewController(curious, false);
-    EXPECT_TRUE(curious->known);
+    const auto checking = std::make_shared<CheckingPage>();
+    navigation->pushViewController(checking, false);
+    EXPECT_TRUE(checking->known);
 }
 
 TEST_F(UINavigationControllerTest, PopGoesBackToTheCoveredPage) {
@@ -92,7 +92,7 @@ TEST_F(UINavigationControllerTest, PopGoesBackToTheCoveredPage) {
     EXPECT_EQ(b->navigationController(), nullptr);
 }
 
-/// Counts how often it was told that it has left for good.
+/// Counts how often it was notified that it has left for good.
 class Leaver : public UIViewController {
   public:
     explicit Leaver(int& farewells) : farewells_(farewells) {}
@@ -106,20 +106,20 @@ class Leaver : public UIViewController {
     int& farewells_;
 };
 
-TEST_F(UINavigationControllerTest, PageIsToldThatItHasComeAndThatItHasLeftForGood) {
+TEST_F(UINavigationControllerTest, PageIsNotifiedWhenItEntersAndWhenItLeavesForGood) {
     int farewells = 0;
     const auto leaver = std::make_shared<Leaver>(farewells);
     push(a);
     navigation->pushViewController(leaver, false);
     EXPECT_TRUE(leaver->isInside);
     push(b);
-    EXPECT_EQ(farewells, 0) << "it is covered, and comes back";
+    EXPECT_EQ(farewells, 0) << "it is only covered and will come back";
     navigation->popToViewController(a, false);
     EXPECT_EQ(farewells, 1);
     EXPECT_FALSE(leaver->isInside);
 }
 
-TEST_F(UINavigationControllerTest, PagesHaveLeftWhenTheStackGoes) {
+TEST_F(UINavigationControllerTest, PagesLeaveWhenTheStackIsDestroyed) {
     int farewells = 0;
     navigation->pushViewController(std::make_shared<Leaver>(farewells), false);
     navigation->pushViewController(std::make_shared<Leaver>(farewells), false);
@@ -135,7 +135,7 @@ TEST_F(UINavigationControllerTest, RootPageIsNotPopped) {
     EXPECT_TRUE(calls.empty());
 }
 
-TEST_F(UINavigationControllerTest, PopToAPageLeavesAllAboveIt) {
+TEST_F(UINavigationControllerTest, PopToAPageRemovesAllAboveIt) {
     push(a);
     push(b);
     push(c);
@@ -148,7 +148,7 @@ TEST_F(UINavigationControllerTest, PopToAPageLeavesAllAboveIt) {
     EXPECT_EQ(a->navigationController(), navigation);
 }
 
-TEST_F(UINavigationControllerTest, PopToThePageOnScreenOrToAForeignOneDoesNothing) {
+TEST_F(UINavigationControllerTest, PopToTheTopPageOrToAPageNotOnTheStackDoesNothing) {
     push(a);
     push(b);
     calls.clear();
@@ -158,8 +158,8 @@ TEST_F(UINavigationControllerTest, PopToThePageOnScreenOrToAForeignOneDoesNothin
     EXPECT_TRUE(calls.empty());
 }
 
-TEST_F(UINavigationControllerTest, PageThatGoesFurtherBackAsItIsLeftHasTheLastWord) {
-    class Hasty : public Page {
+TEST_F(UINavigationControllerTest, PageThatGoesFurtherBackWhileDisappearingWins) {
+    class PoppingPage : public Page {
       public:
         using Page::Page;
         void viewWillDisappear(bool animated) override {
@@ -169,21 +169,21 @@ TEST_F(UINavigationControllerTest, PageThatGoesFurtherBackAsItIsLeftHasTheLastWo
         }
         std::shared_ptr<UIViewController> target;
     };
-    const auto hasty = std::make_shared<Hasty>("h", calls);
+    const auto popping = std::make_shared<PoppingPage>("popping", calls);
     push(a);
     push(b);
     push(c);
-    push(hasty);
-    hasty->target = a;
+    push(popping);
+    popping->target = a;
     calls.clear();
     navigation->popViewController(false);
     EXPECT_EQ(navigation->viewControllers(), (std::vector<std::shared_ptr<UIViewController>>{a}));
-    EXPECT_EQ(calls,
-              (Lines{"h willDisappear", "h willDisappear", "a willAppear", "h didDisappear", "a didAppear"}));
+    EXPECT_EQ(calls, (Lines{"popping willDisappear", "popping willDisappear", "a willAppear",
+                            "popping didDisappear", "a didAppear"}));
 }
 
-TEST_F(UINavigationControllerTest, PageThatPushesAsItIsLeftHasTheLastWord) {
-    class Insisting : public Page {
+TEST_F(UINavigationControllerTest, PageThatPushesWhileDisappearingWins) {
+    class PushingPage : public Page {
       public:
         using Page::Page;
         void viewWillDisappear(bool animated) override {
@@ -192,24 +192,23 @@ TEST_F(UINavigationControllerTest, PageThatPushesAsItIsLeftHasTheLastWord) {
         }
         std::shared_ptr<UIViewController> pushed;
     };
-    const auto insisting = std::make_shared<Insisting>("i", calls);
+    const auto pushing = std::make_shared<PushingPage>("pushing", calls);
     push(a);
-    push(insisting);
-    insisting->pushed = c;
+    push(pushing);
+    pushing->pushed = c;
     navigation->popViewController(false);
-    EXPECT_EQ(navigation->viewControllers(),
-              (std::vector<std::shared_ptr<UIViewController>>{a, insisting, c}));
+    EXPECT_EQ(navigation->viewControllers(), (std::vector<std::shared_ptr<UIViewController>>{a, pushing, c}));
     EXPECT_EQ(calls.back(), "c didAppear");
 }
 
-TEST_F(UINavigationControllerTest, PopToAnElementOfTheStackItself) {
+TEST_F(UINavigationControllerTest, PopAcceptsAReferenceIntoTheStack) {
     push(a);
     push(b);
     navigation->popToViewController(navigation->viewControllers()[0], false);
     EXPECT_EQ(navigation->topViewController(), a);
 }
 
-TEST_F(UINavigationControllerTest, PoppedPageIsLetGo) {
+TEST_F(UINavigationControllerTest, PoppedPageIsReleased) {
     push(a);
     push(b);
     const std::weak_ptr<Page> watched = b;
@@ -219,7 +218,7 @@ TEST_F(UINavigationControllerTest, PoppedPageIsLetGo) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(UINavigationControllerTest, ObserversFindTheNewPageOnTop) {
+TEST_F(UINavigationControllerTest, ObserversSeeTheNewTopPage) {
     std::vector<std::shared_ptr<UIViewController>> seen;
     const auto subscription = navigation->observe([&] { seen.push_back(navigation->topViewController()); });
     push(a);

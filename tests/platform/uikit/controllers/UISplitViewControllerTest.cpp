@@ -27,17 +27,17 @@ TEST_F(UISplitViewControllerTest, ControllersAndThePagesInThemFindIt) {
     EXPECT_EQ(page->splitViewController(), split);
 }
 
-TEST_F(UISplitViewControllerTest, PageThatIsASideOfItsOwnFindsIt) {
+TEST_F(UISplitViewControllerTest, PageThatIsItsChildFindsIt) {
     const auto page = std::make_shared<UIViewController>();
     split->setViewControllers({page});
     EXPECT_EQ(page->splitViewController(), split);
 }
 
-TEST_F(UISplitViewControllerTest, PageOutsideFindsNone) {
+TEST_F(UISplitViewControllerTest, PageOutsideFindsNoSplit) {
     EXPECT_EQ(std::make_shared<UIViewController>()->splitViewController(), nullptr);
 }
 
-TEST_F(UISplitViewControllerTest, ControllerThatWasTakenOutFindsItNoMore) {
+TEST_F(UISplitViewControllerTest, RemovedControllerNoLongerFindsIt) {
     split->setViewControllers({master, detail});
     split->setViewControllers({detail});
     EXPECT_EQ(master->splitViewController(), nullptr);
@@ -52,14 +52,14 @@ TEST_F(UISplitViewControllerTest, IsNotKeptAliveByItsControllers) {
     EXPECT_EQ(detail->splitViewController(), nullptr);
 }
 
-TEST_F(UISplitViewControllerTest, NewControllersAreTold) {
+TEST_F(UISplitViewControllerTest, NewControllersNotifyObservers) {
     int changes = 0;
     const auto subscription = split->observe([&] { ++changes; });
     split->setViewControllers({master});
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(UISplitViewControllerTest, EdgesHaveThePlatformsNumbers) {
+TEST_F(UISplitViewControllerTest, EdgesHaveThePlatformsValues) {
     EXPECT_EQ(UIRectEdgeNone, 0U);
     EXPECT_EQ(UIRectEdgeTop, 1U);
     EXPECT_EQ(UIRectEdgeBottom, 4U);

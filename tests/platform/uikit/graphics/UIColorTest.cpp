@@ -12,7 +12,7 @@ void expectColor(const UIColor& color, const UIColor& expected) {
     EXPECT_NEAR(color.alpha, expected.alpha, 1e-9);
 }
 
-TEST(UIColorTest, PrimariesStandAtSixthsOfTheCircle) {
+TEST(UIColorTest, PrimariesAreAtSixthsOfTheCircle) {
     const UIColor expected[]{{1, 0, 0, 1}, {1, 1, 0, 1}, {0, 1, 0, 1},
                              {0, 1, 1, 1}, {0, 0, 1, 1}, {1, 0, 1, 1}};
     for (int sixth = 0; sixth < 6; ++sixth)
@@ -30,14 +30,14 @@ TEST(UIColorTest, ComponentsOutsideTheRangeAreClamped) {
     expectColor(UIColor::colorWithHue(0, -1, -1, -1), {0, 0, 0, 0});
 }
 
-TEST(UIColorTest, GreyHasNoHue) {
+TEST(UIColorTest, GrayHasHueZero) {
     const auto hsb = UIColor{0.4, 0.4, 0.4, 1}.hsb();
     EXPECT_EQ(hsb.hue, 0);
     EXPECT_EQ(hsb.saturation, 0);
     EXPECT_EQ(hsb.brightness, 0.4);
 }
 
-TEST(UIColorTest, EveryHueComesBack) {
+TEST(UIColorTest, EveryHueRoundTrips) {
     for (int step = 0; step < 360; ++step) {
         const double hue = step / 360.0;
         const auto hsb = UIColor::colorWithHue(hue, 0.7, 0.9, 1).hsb();

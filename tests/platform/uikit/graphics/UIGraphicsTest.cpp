@@ -6,7 +6,7 @@
 namespace prismo {
 namespace {
 
-TEST(UIGraphicsTest, EmptyDrawingIsATransparentImageOfItsSize) {
+TEST(UIGraphicsTest, NewContextIsATransparentImageOfItsSize) {
     UIGraphicsBeginImageContextWithOptions({20, 30}, UIGraphicsOpacity::transparent, 0);
     const auto image = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
@@ -16,7 +16,7 @@ TEST(UIGraphicsTest, EmptyDrawingIsATransparentImageOfItsSize) {
     EXPECT_EQ(image->opacity(), UIGraphicsOpacity::transparent);
 }
 
-TEST(UIGraphicsTest, ImageKeepsTheScaleAndTheOpacityOfItsDrawing) {
+TEST(UIGraphicsTest, ImageKeepsTheContextsScaleAndOpacity) {
     UIGraphicsBeginImageContextWithOptions({20, 30}, UIGraphicsOpacity::opaque, 3);
     const auto image = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
@@ -24,7 +24,7 @@ TEST(UIGraphicsTest, ImageKeepsTheScaleAndTheOpacityOfItsDrawing) {
     EXPECT_EQ(image->opacity(), UIGraphicsOpacity::opaque);
 }
 
-TEST(UIGraphicsTest, ScaleZeroIsTheMainScreens) {
+TEST(UIGraphicsTest, ScaleZeroMeansTheMainScreensScale) {
     const auto scale = [] {
         UIGraphicsBeginImageContextWithOptions({1, 1}, UIGraphicsOpacity::transparent, 0);
         const auto image = UIGraphicsGetImageFromCurrentImageContext();
@@ -39,11 +39,11 @@ TEST(UIGraphicsTest, ScaleZeroIsTheMainScreens) {
     EXPECT_EQ(scale(), 1);
 }
 
-TEST(UIGraphicsTest, WithoutADrawingThereIsNoImage) {
+TEST(UIGraphicsTest, WithoutAContextThereIsNoImage) {
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
 }
 
-TEST(UIGraphicsTest, InnermostDrawingIsTheCurrentOne) {
+TEST(UIGraphicsTest, InnermostContextIsCurrent) {
     UIGraphicsBeginImageContextWithOptions({1, 1}, UIGraphicsOpacity::transparent, 0);
     UIGraphicsBeginImageContextWithOptions({2, 2}, UIGraphicsOpacity::transparent, 0);
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext()->size(), (CGSize{2, 2}));
@@ -53,7 +53,7 @@ TEST(UIGraphicsTest, InnermostDrawingIsTheCurrentOne) {
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
 }
 
-TEST(UIGraphicsTest, EndingOnceTooOftenDoesNothing) {
+TEST(UIGraphicsTest, EndingWithoutAContextDoesNothing) {
     UIGraphicsEndImageContext();
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
 }

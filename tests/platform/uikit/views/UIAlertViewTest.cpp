@@ -7,10 +7,10 @@ namespace {
 struct AlertDelegate : UIAlertViewDelegate {
     void alertViewClickedButtonAtIndex(UIAlertView& alert, std::size_t index) override {
         clicked.emplace_back(&alert, index);
-        if (topmostPresented<UIAlertView>().get() == &alert) toldWhileShown = true;
+        if (topmostPresented<UIAlertView>().get() == &alert) calledWhileShown = true;
     }
     std::vector<std::pair<UIAlertView*, std::size_t>> clicked;
-    bool toldWhileShown = false;
+    bool calledWhileShown = false;
 };
 
 struct UIAlertViewTest : MemoryWorld {
@@ -19,7 +19,7 @@ struct UIAlertViewTest : MemoryWorld {
         std::make_shared<UIAlertView>("Title", "Message", delegate, "Cancel");
 };
 
-TEST_F(UIAlertViewTest, CarriesItsTexts) {
+TEST_F(UIAlertViewTest, KeepsItsTexts) {
     EXPECT_EQ(alert->title(), "Title");
     EXPECT_EQ(alert->message(), "Message");
     EXPECT_EQ(std::make_shared<UIAlertView>(std::nullopt, std::nullopt, nullptr, "OK")->title(),
@@ -47,11 +47,11 @@ TEST_F(UIAlertViewTest, IsKeptAliveWhileItIsShown) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(UIAlertViewTest, ClickTellsTheDelegateOnceTheAlertHasGone) {
+TEST_F(UIAlertViewTest, ClickNotifiesTheDelegateAfterDismissingTheAlert) {
     alert->show();
     alert->clickButtonAtIndex(1);
     EXPECT_EQ(delegate->clicked, (std::vector<std::pair<UIAlertView*, std::size_t>>{{alert.get(), 1}}));
-    EXPECT_FALSE(delegate->toldWhileShown);
+    EXPECT_FALSE(delegate->calledWhileShown);
     EXPECT_TRUE(UIApplication::sharedApplication()->presented().empty());
 }
 
@@ -64,7 +64,7 @@ TEST_F(UIAlertViewTest, DelegateIsNotKeptAlive) {
     EXPECT_FALSE(topmostPresented<UIAlertView>());
 }
 
-TEST_F(UIAlertViewTest, DelegateThatOnlyTheAlertHoldsIsToldOfTheLastClick) {
+TEST_F(UIAlertViewTest, DelegateHeldOnlyByTheAlertReceivesTheLastClick) {
     struct Handler : NSObject, AlertDelegate {};
     const auto handler = std::make_shared<Handler>();
     auto held = std::make_shared<UIAlertView>("Title", "Message", handler, "Cancel");

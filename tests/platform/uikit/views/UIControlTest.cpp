@@ -11,7 +11,7 @@ struct UIControlTest : testing::Test {
     std::shared_ptr<Recorder> target = std::make_shared<Recorder>();
 };
 
-TEST_F(UIControlTest, EventsHaveThePlatformsNumbers) {
+TEST_F(UIControlTest, EventsHaveThePlatformsValues) {
     EXPECT_EQ(UIControlEventTouchUpInside, 64U);
     EXPECT_EQ(UIControlEventValueChanged, 4096U);
 }
@@ -28,7 +28,7 @@ TEST_F(UIControlTest, OtherEventsSendNothing) {
     EXPECT_TRUE(target->received.empty());
 }
 
-TEST_F(UIControlTest, TargetCanWaitForSeveralEvents) {
+TEST_F(UIControlTest, TargetCanObserveSeveralEvents) {
     const auto both = static_cast<UIControlEvents>(UIControlEventTouchUpInside | UIControlEventValueChanged);
     button->addTarget(target, "first:", both);
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
@@ -36,14 +36,14 @@ TEST_F(UIControlTest, TargetCanWaitForSeveralEvents) {
     EXPECT_EQ(target->received.size(), 2U);
 }
 
-TEST_F(UIControlTest, TargetsAreToldInTheOrderOfTheirAdding) {
+TEST_F(UIControlTest, TargetsAreNotifiedInTheOrderAdded) {
     button->addTarget(target, "second:", UIControlEventTouchUpInside);
     button->addTarget(target, "first:", UIControlEventTouchUpInside);
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
     EXPECT_EQ(target->received, (std::vector<Recorder::Received>{{"second", button}, {"first", button}}));
 }
 
-TEST_F(UIControlTest, ReleasedTargetIsNotToldAndNotKept) {
+TEST_F(UIControlTest, TargetIsNotKeptAlive) {
     button->addTarget(target, "first:", UIControlEventTouchUpInside);
     const std::weak_ptr<Recorder> watched = target;
     target = nullptr;
@@ -51,7 +51,7 @@ TEST_F(UIControlTest, ReleasedTargetIsNotToldAndNotKept) {
     button->sendActionsForControlEvents(UIControlEventTouchUpInside);
 }
 
-TEST_F(UIControlTest, TargetAddedByAnActionHearsOfTheNextEventOnly) {
+TEST_F(UIControlTest, TargetAddedByAnActionReceivesOnlyLaterEvents) {
     button->addTarget(target, "first:", UIControlEventTouchUpInside);
     button->addTarget(target, "first:", UIControlEventTouchUpInside);
     target->onMessage = [this] {
@@ -66,7 +66,7 @@ TEST_F(UIControlTest, TargetAddedByAnActionHearsOfTheNextEventOnly) {
 
 TEST_F(UIControlTest, ButtonHasItsFrame) { EXPECT_EQ(button->frame(), (CGRect{{1, 2}, {3, 4}})); }
 
-TEST_F(UIControlTest, ButtonsTitleIsItsLabels) {
+TEST_F(UIControlTest, ButtonTitleIsItsLabelsText) {
     int changes = 0;
     const auto subscription = button->observe([&] { ++changes; });
     button->setTitle("Tap");
@@ -75,7 +75,7 @@ TEST_F(UIControlTest, ButtonsTitleIsItsLabels) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(UIControlTest, ButtonsTitleColorIsTheSystemsUntilItIsSet) {
+TEST_F(UIControlTest, ButtonTitleColorIsTheSystemsUntilSet) {
     EXPECT_EQ(button->titleColor(), std::nullopt);
     int changes = 0;
     const auto subscription = button->observe([&] { ++changes; });
@@ -85,7 +85,7 @@ TEST_F(UIControlTest, ButtonsTitleColorIsTheSystemsUntilItIsSet) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(UIControlTest, FontsAreTheSystems) {
+TEST_F(UIControlTest, FontsAreSystemFonts) {
     EXPECT_EQ(button->titleLabel()->font(), (UIFont{.pointSize = 17, .isBold = false}));
     EXPECT_EQ(UIFont::systemFontOfSize(20), (UIFont{.pointSize = 20, .isBold = false}));
     EXPECT_EQ(UIFont::boldSystemFontOfSize(12), (UIFont{.pointSize = 12, .isBold = true}));

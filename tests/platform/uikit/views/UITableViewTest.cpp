@@ -16,10 +16,10 @@ class Source : public UITableViewDataSource {
     }
     std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& /*table*/,
                                                                     NSIndexPath /*indexPath*/) override {
-        ++asked;
+        ++made;
         return std::make_shared<UITableViewCell>();
     }
-    int asked = 0;
+    int made = 0;
 };
 
 struct UITableViewTest : testing::Test {
@@ -28,12 +28,12 @@ struct UITableViewTest : testing::Test {
     std::shared_ptr<Source> source = std::make_shared<Source>();
 };
 
-TEST_F(UITableViewTest, CellIsAskedForOnceUntilTheReload) {
+TEST_F(UITableViewTest, CellIsCachedUntilTheReload) {
     table->setDataSource(source);
     const auto cell = table->cellForRowAtIndexPath({0, 0});
     EXPECT_EQ(table->cellForRowAtIndexPath({0, 0}), cell);
     EXPECT_NE(table->cellForRowAtIndexPath({0, 1}), cell);
-    EXPECT_EQ(source->asked, 2);
+    EXPECT_EQ(source->made, 2);
     table->reloadData();
     EXPECT_NE(table->cellForRowAtIndexPath({0, 0}), cell);
 }
@@ -50,7 +50,7 @@ TEST_F(UITableViewTest, NewDataSourceReplacesTheCells) {
     const auto other = std::make_shared<Source>();
     table->setDataSource(other);
     EXPECT_NE(table->cellForRowAtIndexPath({0, 0}), cell);
-    EXPECT_EQ(other->asked, 1);
+    EXPECT_EQ(other->made, 1);
 }
 
 TEST_F(UITableViewTest, DataSourceIsNotKeptAlive) {
@@ -60,14 +60,14 @@ TEST_F(UITableViewTest, DataSourceIsNotKeptAlive) {
     EXPECT_EQ(table->cellForRowAtIndexPath({0, 0}), nullptr);
 }
 
-TEST_F(UITableViewTest, ReloadTellsTheObservers) {
+TEST_F(UITableViewTest, ReloadNotifiesObservers) {
     int changes = 0;
     const auto subscription = table->observe([&] { ++changes; });
     table->reloadData();
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(UITableViewTest, StylesHaveThePlatformsNumbers) {
+TEST_F(UITableViewTest, StylesHaveThePlatformsValues) {
     EXPECT_EQ(static_cast<int>(UITableViewStyle::plain), 0);
     EXPECT_EQ(static_cast<int>(UITableViewStyle::grouped), 1);
 }

@@ -21,7 +21,7 @@ struct UIViewAnimationTest : MemoryWorld {
     std::vector<bool> finished;
 };
 
-TEST_F(UIViewAnimationTest, EndsToTheNanosecond) {
+TEST_F(UIViewAnimationTest, EndsExactlyToTheNanosecond) {
     fadeOut(1s);
     device.runLoop().run(1s - 1ns);
     EXPECT_GT(view->presentationAlpha(), 0);
@@ -39,14 +39,14 @@ TEST_F(UIViewAnimationTest, CompletionWithoutADurationWaitsForTheLoop) {
     EXPECT_EQ(completed.size(), 1U);
 }
 
-TEST_F(UIViewAnimationTest, FinishedIsWhatWentToItsEnd) {
+TEST_F(UIViewAnimationTest, AnimationThatRunsToItsEndIsFinished) {
     fadeOut(1s);
     device.runLoop().run(1s);
     view->setAlpha(1);
     EXPECT_EQ(finished, std::vector{true});
 }
 
-TEST_F(UIViewAnimationTest, UnfinishedIsWhatAnotherValueCutShort) {
+TEST_F(UIViewAnimationTest, AnimationCutShortByAnotherValueIsUnfinished) {
     fadeOut(1s);
     device.runLoop().run(0.5s);
     view->setAlpha(1);
@@ -55,7 +55,7 @@ TEST_F(UIViewAnimationTest, UnfinishedIsWhatAnotherValueCutShort) {
     EXPECT_EQ(finished, std::vector{false});
 }
 
-TEST_F(UIViewAnimationTest, UnfinishedIsWhatAnotherAnimationCutShort) {
+TEST_F(UIViewAnimationTest, AnimationCutShortByAnotherAnimationIsUnfinished) {
     fadeOut(1s);
     device.runLoop().run(0.5s);
     UIView::animateWithDuration(
@@ -64,7 +64,7 @@ TEST_F(UIViewAnimationTest, UnfinishedIsWhatAnotherAnimationCutShort) {
     EXPECT_EQ(finished, (std::vector{false, true}));
 }
 
-TEST_F(UIViewAnimationTest, ObserversHearOfTheNewValueOnly) {
+TEST_F(UIViewAnimationTest, ObserversAreNotifiedOnlyOfTheNewValue) {
     int changes = 0;
     const auto subscription = view->observe([&] { ++changes; });
     fadeOut(1s);

@@ -5,12 +5,16 @@ namespace prismo {
 namespace {
 
 struct UIViewTest : MemoryWorld {
+    static void animate(double seconds, const std::function<void()>& animations) {
+        UIView::animateWithDuration(Seconds(seconds), animations, [](bool /*finished*/) {});
+    }
+
     std::shared_ptr<UIView> view = std::make_shared<UIView>();
     std::shared_ptr<UIView> first = std::make_shared<UIView>();
     std::shared_ptr<UIView> second = std::make_shared<UIView>();
 };
 
-TEST_F(UIViewTest, NewViewIsOpaqueAndShown) {
+TEST_F(UIViewTest, NewViewIsOpaqueAndVisible) {
     EXPECT_EQ(view->frame(), CGRect());
     EXPECT_EQ(view->alpha(), 1);
     EXPECT_FALSE(view->isHidden());
@@ -22,7 +26,7 @@ TEST_F(UIViewTest, NewViewIsOpaqueAndShown) {
     EXPECT_EQ(UIView(CGRect{{1, 2}, {3, 4}}).frame(), (CGRect{{1, 2}, {3, 4}}));
 }
 
-TEST_F(UIViewTest, EveryChangeOfItsStateIsToldOnce) {
+TEST_F(UIViewTest, EveryStateChangeIsReportedOnce) {
     int changes = 0;
     const auto subscription = view->observe([&] { ++changes; });
     const auto setAll = [&] {
@@ -47,7 +51,7 @@ TEST_F(UIViewTest, EveryChangeOfItsStateIsToldOnce) {
     EXPECT_FALSE(view->autoresizesSubviews());
 }
 
-TEST_F(UIViewTest, SubviewsStandBackToFront) {
+TEST_F(UIViewTest, SubviewsAreOrderedBackToFront) {
     view->addSubview(first);
     view->addSubview(second);
     EXPECT_EQ(view->subviews(), (std::vector{first, second}));
@@ -56,13 +60,13 @@ TEST_F(UIViewTest, SubviewsStandBackToFront) {
     EXPECT_EQ(view->subviews(), (std::vector{second, first}));
 }
 
-TEST_F(UIViewTest, ViewThatIsNoSubviewIsNotBroughtToFront) {
+TEST_F(UIViewTest, OtherViewIsNotBroughtToFront) {
     view->addSubview(first);
     view->bringSubviewToFront(second);
     EXPECT_EQ(view->subviews(), (std::vector{first}));
 }
 
-TEST_F(UIViewTest, SubviewAddedAgainComesToTheFront) {
+TEST_F(UIViewTest, SubviewAddedAgainMovesToTheFront) {
     view->addSubview(first);
     view->addSubview(second);
     view->addSubview(first);
@@ -85,7 +89,7 @@ TEST_F(UIViewTest, RemovedViewHasNoSuperview) {
     first->removeFromSuperview();
 }
 
-TEST_F(UIViewTest, SuperviewKeepsItsSubviewsAliveAndNotTheOtherWay) {
+TEST_F(UIViewTest, SuperviewKeepsItsSubviewsAliveButNotViceVersa) {
     view->addSubview(first);
     const std::weak_ptr<UIView> child = first;
     first = nullptr;
@@ -95,7 +99,7 @@ TEST_F(UIViewTest, SuperviewKeepsItsSubviewsAliveAndNotTheOtherWay) {
     EXPECT_EQ(kept->superview(), nullptr);
 }
 
-TEST_F(UIViewTest, ChangesOfTheTreeAreToldOnBothSides) {
+TEST_F(UIViewTest, HierarchyChangesNotifyBothViews) {
     int parentChanges = 0;
     int childChanges = 0;
     const auto ofParent = view->observe([&] { ++parentChanges; });
@@ -108,9 +112,8 @@ TEST_F(UIViewTest, ChangesOfTheTreeAreToldOnBothSides) {
     EXPECT_EQ(childChanges, 2);
 }
 
-TEST_F(UIViewTest, AnimatedAlphaHasItsValueAtOnceAndIsDrawnOverTheDuration) {
-    UIView::animateWithDuration(
-        Seconds(0.5), [&] { view->setAlpha(0); }, [](bool) {});
+TEST_F(UIViewTest, AnimatedAlphaChangesAtOnceAndIsDrawnOverTheDuration) {
+    animate(0.5, [&] { view->setAlpha(0); });
     EXPECT_EQ(view->alpha(), 0);
     EXPECT_EQ(view->presentationAlpha(), 1);
     runFor(0.25);
@@ -120,7 +123,7 @@ TEST_F(UIViewTest, AnimatedAlphaHasItsValueAtOnceAndIsDrawnOverTheDuration) {
     EXPECT_EQ(view->animationEnd(), std::chrono::milliseconds(500));
 }
 
-TEST_F(UIViewTest, CompletionComesWhenTheAnimationIsOver) {
+TEST_F(UIViewTest, CompletionRunsWhenTheAnimationEnds) {
     std::chrono::nanoseconds end{};
     bool finished = false;
     UIView::animateWithDuration(
@@ -136,41 +139,34 @@ TEST_F(UIViewTest, CompletionComesWhenTheAnimationIsOver) {
     EXPECT_EQ(end, std::chrono::milliseconds(300));
 }
 
-TEST_F(UIViewTest, SecondAnimationStartsWhereTheFirstOneIsDrawn) {
+TEST_F(UIViewTest, SecondAnimationStartsAtTheDrawnAlphaOfTheFirst) {
     view->setAlpha(0);
-    UIView::animateWithDuration(
-        Seconds(0.4), [&] { view->setAlpha(1); }, [](bool) {});
+    animate(0.4, [&] { view->setAlpha(1); });
     runFor(0.1);
-    UIView::animateWithDuration(
-        Seconds(0.4), [&] { view->setAlpha(0); }, [](bool) {});
+    animate(0.4, [&] { view->setAlpha(0); });
     EXPECT_DOUBLE_EQ(view->presentationAlpha(), 0.25);
     runFor(0.2);
     EXPECT_DOUBLE_EQ(view->presentationAlpha(), 0.125);
 }
 
 TEST_F(UIViewTest, PlainSetterEndsTheAnimation) {
-    UIView::animateWithDuration(
-        Seconds(1), [&] { view->setAlpha(0); }, [](bool) {});
+    animate(1, [&] { view->setAlpha(0); });
     view->setAlpha(0.75);
     EXPECT_EQ(view->presentationAlpha(), 0.75);
 }
 
 TEST_F(UIViewTest, NestedAnimationHasItsOwnDuration) {
-    UIView::animateWithDuration(
-        Seconds(1),
-        [&] {
-            UIView::animateWithDuration(
-                Seconds(0.5), [&] { first->setAlpha(0); }, [](bool) {});
-            second->setAlpha(0);
-        },
-        [](bool) {});
+    animate(1, [&] {
+        animate(0.5, [&] { first->setAlpha(0); });
+        second->setAlpha(0);
+    });
     EXPECT_EQ(first->animationEnd(), std::chrono::milliseconds(500));
     EXPECT_EQ(second->animationEnd(), std::chrono::milliseconds(1000));
     view->setAlpha(0);
-    EXPECT_EQ(view->presentationAlpha(), 0) << "an animation goes on after its block";
+    EXPECT_EQ(view->presentationAlpha(), 0) << "the animation still applies after its block";
 }
 
-TEST_F(UIViewTest, AutoresizingHasThePlatformsNumbers) {
+TEST_F(UIViewTest, AutoresizingHasThePlatformsValues) {
     EXPECT_EQ(UIViewAutoresizingFlexibleWidth, 2U);
     EXPECT_EQ(UIViewAutoresizingFlexibleTopMargin, 8U);
     EXPECT_EQ(UIViewAutoresizingFlexibleHeight, 16U);
