@@ -6,7 +6,7 @@
 namespace prismo {
 namespace {
 
-/// Holds the value that the row which opens the list stands for.
+/// Holds the value of the row that opens the list.
 class Holder : public NSObject {
   public:
     static const Class& classObject() {
@@ -20,27 +20,27 @@ class Holder : public NSObject {
     Value value(const std::shared_ptr<PSSpecifier>& /*row*/) { return held; }
     void setValue(const Value& value, const std::shared_ptr<PSSpecifier>& row) {
         held = value;
-        toldBy = row;
+        receivedRow = row;
     }
 
     Value held = 2;
-    std::shared_ptr<PSSpecifier> toldBy;
+    std::shared_ptr<PSSpecifier> receivedRow;
 };
 
-/// A list of its own rows, which keeps what it was told.
-class OwnList : public PSListItemsController {
+/// Counts how often its rows are built, and records the values it stores.
+class RecordingList : public PSListItemsController {
   public:
     std::shared_ptr<PSSpecifierList> specifiers() override {
-        ++asked;
+        ++builds;
         return PSListItemsController::specifiers();
     }
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& row) override {
-        told.emplace_back(value, row);
+        changes.emplace_back(value, row);
         PSListItemsController::setPreferenceValue(value, row);
     }
 
-    int asked = 0;
-    std::vector<std::pair<Value, std::shared_ptr<PSSpecifier>>> told;
+    int builds = 0;
+    std::vector<std::pair<Value, std::shared_ptr<PSSpecifier>>> changes;
 };
 
 struct PSListItemsControllerTest : MemoryWorld {
@@ -62,11 +62,11 @@ struct PSListItemsControllerTest : MemoryWorld {
     std::shared_ptr<Holder> holder = std::make_shared<Holder>();
     std::shared_ptr<PSSpecifier> opener = PSSpecifier::preferenceSpecifierNamed(
         "Opener", holder, "setValue:row:", "value:", nullptr, PSCellType::linkList, nullptr);
-    std::shared_ptr<OwnList> list = std::make_shared<OwnList>();
+    std::shared_ptr<RecordingList> list = std::make_shared<RecordingList>();
     std::shared_ptr<UINavigationController> navigation = std::make_shared<UINavigationController>();
 };
 
-TEST_F(PSListItemsControllerTest, OffersARowForEachTitleOfTheRowThatOpenedIt) {
+TEST_F(PSListItemsControllerTest, OffersARowForEachTitleOfItsOpener) {
     show();
     ASSERT_EQ(list->rows()->size(), 3U);
     const auto& row = *list->rows()->at(1);
@@ -76,14 +76,14 @@ TEST_F(PSListItemsControllerTest, OffersARowForEachTitleOfTheRowThatOpenedIt) {
     EXPECT_EQ(row.target(), list);
 }
 
-TEST_F(PSListItemsControllerTest, AsksForItsRowsOncePerPage) {
+TEST_F(PSListItemsControllerTest, BuildsItsRowsOnce) {
     show();
     checked();
     tap(0);
     checked();
     tap(2);
     checked();
-    EXPECT_EQ(list->asked, 1);
+    EXPECT_EQ(list->builds, 1);
 }
 
 TEST_F(PSListItemsControllerTest, WithoutAnOpenerItIsEmpty) {
@@ -94,18 +94,18 @@ TEST_F(PSListItemsControllerTest, WithoutAnOpenerItIsEmpty) {
     list->setPreferenceValue(1, nullptr);
 }
 
-TEST_F(PSListItemsControllerTest, CurrentValueIsMarked) {
+TEST_F(PSListItemsControllerTest, CurrentValueIsChecked) {
     show();
     EXPECT_EQ(checked(), (std::vector<std::string>{"Two"}));
 }
 
-TEST_F(PSListItemsControllerTest, ValueIsMarkedWhateverTheKindOfTheNumber) {
+TEST_F(PSListItemsControllerTest, ValueIsCheckedRegardlessOfItsNumericKind) {
     holder->held = true;
     show();
     EXPECT_EQ(checked(), (std::vector<std::string>{"One"}));
 }
 
-TEST_F(PSListItemsControllerTest, MarkFollowsThePageOfTheRowThatOpenedIt) {
+TEST_F(PSListItemsControllerTest, CheckmarkFollowsTheOpenersPage) {
     const auto page = std::make_shared<PSListController>();
     list->setParentController(page);
     show();
@@ -113,16 +113,16 @@ TEST_F(PSListItemsControllerTest, MarkFollowsThePageOfTheRowThatOpenedIt) {
     holder->held = 3;
     page->reloadSpecifiers();
     EXPECT_EQ(checked(), (std::vector<std::string>{"Three"}));
-    EXPECT_EQ(list->asked, 1);
+    EXPECT_EQ(list->builds, 1);
 }
 
-TEST_F(PSListItemsControllerTest, NothingIsMarkedWithoutAValue) {
+TEST_F(PSListItemsControllerTest, NothingIsCheckedWithoutAValue) {
     holder->held = {};
     show();
     EXPECT_TRUE(checked().empty());
 }
 
-TEST_F(PSListItemsControllerTest, RowOfAnotherKindIsNeverMarked) {
+TEST_F(PSListItemsControllerTest, RowOfAnotherKindIsNeverChecked) {
     show();
     list->rows()->push_back(
         PSSpecifier::preferenceSpecifierNamed("Link", nullptr, "", "", nullptr, PSCellType::link, nullptr));
@@ -131,37 +131,37 @@ TEST_F(PSListItemsControllerTest, RowOfAnotherKindIsNeverMarked) {
                                                                   PSCellType::listItem, nullptr));
     EXPECT_EQ(checked(), (std::vector<std::string>{"Two"}));
     tap(4);
-    EXPECT_TRUE(list->told.empty());
+    EXPECT_TRUE(list->changes.empty());
 }
 
-TEST_F(PSListItemsControllerTest, TapHandsOverTheRowThatOpenedThePage) {
+TEST_F(PSListItemsControllerTest, TapStoresTheValueOfTheOpener) {
     show();
     tap(2);
-    ASSERT_EQ(list->told.size(), 1U);
-    EXPECT_EQ(list->told[0], (std::pair{Value(3), opener}));
+    ASSERT_EQ(list->changes.size(), 1U);
+    EXPECT_EQ(list->changes[0], (std::pair{Value(3), opener}));
     EXPECT_EQ(holder->held, Value(3));
-    EXPECT_EQ(holder->toldBy, opener);
+    EXPECT_EQ(holder->receivedRow, opener);
 }
 
-TEST_F(PSListItemsControllerTest, TapMovesTheMark) {
+TEST_F(PSListItemsControllerTest, TapMovesTheCheckmark) {
     show();
     checked();
     tap(0);
     EXPECT_EQ(checked(), (std::vector<std::string>{"One"}));
 }
 
-TEST_F(PSListItemsControllerTest, TapOnTheChosenRowTellsAgain) {
+TEST_F(PSListItemsControllerTest, TapOnTheCheckedRowStoresAgain) {
     show();
     tap(1);
-    EXPECT_EQ(list->told.size(), 1U);
+    EXPECT_EQ(list->changes.size(), 1U);
 }
 
-TEST_F(PSListItemsControllerTest, TapOnADisabledRowOrBeyondTheEndDoesNothing) {
+TEST_F(PSListItemsControllerTest, TapOnADisabledRowOrPastTheEndDoesNothing) {
     show();
     list->rows()->at(0)->setProperty(false, "enabled");
     tap(0);
     tap(3);
-    EXPECT_TRUE(list->told.empty());
+    EXPECT_TRUE(list->changes.empty());
 }
 
 TEST_F(PSListItemsControllerTest, TapStaysOnThePage) {

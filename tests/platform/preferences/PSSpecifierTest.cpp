@@ -18,18 +18,18 @@ class Target : public NSObject {
     const Class& isa() const override { return classObject(); }
 
     Value value(const std::shared_ptr<PSSpecifier>& row) {
-        asked = row;
+        receivedRow = row;
         return 5;
     }
     void setValue(const Value& value, const std::shared_ptr<PSSpecifier>& row) {
-        told = value;
-        asked = row;
+        received = value;
+        receivedRow = row;
     }
-    void act(const std::shared_ptr<PSSpecifier>& row) { asked = row; }
+    void act(const std::shared_ptr<PSSpecifier>& row) { receivedRow = row; }
     void actAlone() { ++actions; }
 
-    std::shared_ptr<PSSpecifier> asked;
-    Value told;
+    std::shared_ptr<PSSpecifier> receivedRow;
+    Value received;
     int actions = 0;
 };
 
@@ -42,7 +42,7 @@ struct PSSpecifierTest : testing::Test {
     std::shared_ptr<Target> target = std::make_shared<Target>();
 };
 
-TEST_F(PSSpecifierTest, FactoryTakesEveryField) {
+TEST_F(PSSpecifierTest, FactorySetsEveryField) {
     const auto row = make();
     EXPECT_EQ(row->name(), "Name");
     EXPECT_EQ(row->target(), target);
@@ -56,7 +56,7 @@ TEST_F(PSSpecifierTest, FactoryTakesEveryField) {
     EXPECT_TRUE(row->properties().empty());
 }
 
-TEST_F(PSSpecifierTest, CellTypesHaveThePlatformsNumbers) {
+TEST_F(PSSpecifierTest, CellTypesHaveThePlatformsValues) {
     EXPECT_EQ(static_cast<int>(PSCellType::group), 0);
     EXPECT_EQ(static_cast<int>(PSCellType::link), 1);
     EXPECT_EQ(static_cast<int>(PSCellType::linkList), 2);
@@ -66,7 +66,7 @@ TEST_F(PSSpecifierTest, CellTypesHaveThePlatformsNumbers) {
     EXPECT_EQ(static_cast<int>(PSCellType::button), 13);
 }
 
-TEST_F(PSSpecifierTest, GroupHasAHeaderAlone) {
+TEST_F(PSSpecifierTest, GroupHasOnlyAHeader) {
     const auto group = PSSpecifier::groupSpecifierWithName("Header");
     EXPECT_EQ(group->name(), "Header");
     EXPECT_EQ(group->cellType(), PSCellType::group);
@@ -80,7 +80,7 @@ TEST_F(PSSpecifierTest, FooterOfAGroupIsAProperty) {
     EXPECT_EQ(group->properties(), (Dictionary{{"footerText", "Footer"}}));
 }
 
-TEST_F(PSSpecifierTest, PropertyIsReplacedAndRemovedByNothing) {
+TEST_F(PSSpecifierTest, SettingAPropertyReplacesItAndNothingRemovesIt) {
     const auto row = make();
     EXPECT_EQ(row->propertyForKey("key"), Value());
     row->setProperty("a", "key");
@@ -99,7 +99,7 @@ TEST_F(PSSpecifierTest, OnlyFalseDisables) {
     EXPECT_TRUE(row->isEnabled());
 }
 
-TEST_F(PSSpecifierTest, ValuesComeWithTheirTitles) {
+TEST_F(PSSpecifierTest, ValuesAreSetWithTheirTitles) {
     const auto row = make();
     row->setValues({false, true}, {"No", "Yes"});
     const PSTitles titles{{false, "No"}, {true, "Yes"}};
@@ -117,7 +117,7 @@ TEST_F(PSSpecifierTest, ValuesWithoutTitlesHaveNone) {
     EXPECT_TRUE(row->shortTitleDictionary().empty());
 }
 
-TEST_F(PSSpecifierTest, TitlesAndShortTitlesAreSetApart) {
+TEST_F(PSSpecifierTest, TitlesAndShortTitlesAreIndependent) {
     const auto row = make();
     row->setTitleDictionary({{0, "Long"}});
     row->setShortTitleDictionary({{0, "S"}});
@@ -125,7 +125,7 @@ TEST_F(PSSpecifierTest, TitlesAndShortTitlesAreSetApart) {
     EXPECT_EQ(titleForValue(row->shortTitleDictionary(), 0), "S");
 }
 
-TEST_F(PSSpecifierTest, TitleIsFoundByTheValueOfANumber) {
+TEST_F(PSSpecifierTest, TitleIsFoundByNumericValue) {
     const PSTitles titles{{0, "Zero"}, {1, "One"}};
     EXPECT_EQ(titleForValue(titles, true), "One");
     EXPECT_EQ(titleForValue(titles, 1.0), "One");
@@ -134,27 +134,27 @@ TEST_F(PSSpecifierTest, TitleIsFoundByTheValueOfANumber) {
     EXPECT_EQ(titleForValue(titles, 2), "");
 }
 
-TEST_F(PSSpecifierTest, GetterIsAskedWithTheRow) {
+TEST_F(PSSpecifierTest, GetterReceivesTheRow) {
     const auto row = make();
     EXPECT_EQ(row->performGetter(), Value(5));
-    EXPECT_EQ(target->asked, row);
+    EXPECT_EQ(target->receivedRow, row);
 }
 
-TEST_F(PSSpecifierTest, SetterIsToldTheValueAndTheRow) {
+TEST_F(PSSpecifierTest, SetterReceivesTheValueAndTheRow) {
     const auto row = make();
     row->performSetterWithValue("new");
-    EXPECT_EQ(target->told, Value("new"));
-    EXPECT_EQ(target->asked, row);
+    EXPECT_EQ(target->received, Value("new"));
+    EXPECT_EQ(target->receivedRow, row);
 }
 
-TEST_F(PSSpecifierTest, ActionIsSentWithTheRow) {
+TEST_F(PSSpecifierTest, ActionReceivesTheRow) {
     const auto row = make();
     row->setButtonAction("act:");
     row->performButtonAction();
-    EXPECT_EQ(target->asked, row);
+    EXPECT_EQ(target->receivedRow, row);
 }
 
-TEST_F(PSSpecifierTest, ActionWithoutArgumentIsSentToo) {
+TEST_F(PSSpecifierTest, ActionWithoutAnArgumentIsSentToo) {
     const auto row = make();
     row->setButtonAction("act");
     row->performButtonAction();
@@ -166,7 +166,7 @@ TEST_F(PSSpecifierTest, WithoutSelectorsNothingIsSent) {
     EXPECT_EQ(row->performGetter(), Value());
     row->performSetterWithValue(1);
     row->performButtonAction();
-    EXPECT_EQ(target->asked, nullptr);
+    EXPECT_EQ(target->receivedRow, nullptr);
 }
 
 TEST_F(PSSpecifierTest, TargetIsNotKeptAlive) {
@@ -179,7 +179,7 @@ TEST_F(PSSpecifierTest, TargetIsNotKeptAlive) {
     row->performButtonAction();
 }
 
-TEST_F(PSSpecifierTest, SelectorThatTheTargetLacksThrows) {
+TEST_F(PSSpecifierTest, SelectorMissingFromTheTargetThrows) {
     EXPECT_THROW(make("", "missing:")->performGetter(), std::logic_error);
 }
 

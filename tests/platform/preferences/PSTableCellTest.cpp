@@ -58,7 +58,7 @@ TEST_F(PSTableCellTest, LinkListShowsTheShortTitleOfItsValue) {
     EXPECT_EQ(show(row(PSCellType::linkList)).detailTextLabel().text(), "Short");
 }
 
-TEST_F(PSTableCellTest, OtherRowsShowNoTitleOfAValue) {
+TEST_F(PSTableCellTest, OtherRowsShowNoValueTitle) {
     EXPECT_EQ(show(row(PSCellType::switchCell)).detailTextLabel().text(), "");
 }
 
@@ -74,7 +74,7 @@ TEST_F(PSTableCellTest, RowThatOpensAPageHasADisclosureIndicator) {
     }
 }
 
-TEST_F(PSTableCellTest, RefreshShowsWhatTheRowIsNow) {
+TEST_F(PSTableCellTest, RefreshShowsTheRowsCurrentState) {
     const auto shown = row(PSCellType::button);
     show(shown);
     shown->setName("New");
