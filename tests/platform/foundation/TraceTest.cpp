@@ -13,7 +13,7 @@ namespace prismo {
 namespace {
 
 constexpr const char* file = "/User/page.plist";
-constexpr const char* changed = "com.example.changed";
+constexpr const char* changeName = "com.example.changed";
 
 /// A page with one switch, which is kept in a file.
 class SwitchPage : public PSListController {
@@ -34,10 +34,10 @@ class SwitchPage : public PSListController {
     }
     void setPreferenceValue(const Value& value, const std::shared_ptr<PSSpecifier>& /*row*/) override {
         Device::current().writePropertyList(file, {{"enabled", value}}, WriteMode::atomically);
-        Device::current().postNotification(changed);
+        Device::current().postNotification(changeName);
     }
     void fail() { throw std::runtime_error("failed"); }
-    void post() { Device::current().postNotification(changed); }
+    void post() { Device::current().postNotification(changeName); }
     static void reload(const std::shared_ptr<NSObject>& page) {
         std::dynamic_pointer_cast<SwitchPage>(page)->reloadSpecifiers();
     }
@@ -89,19 +89,20 @@ TEST_F(TraceTest, TimesAreMillisecondsOfTheDeviceSinceTheFirstLine) {
 }
 
 TEST_F(TraceTest, NotificationsNameTheirObservers) {
-    CFNotificationCenterGetDarwinNotifyCenter().addObserver(page, SwitchPage::reload, changed,
+    CFNotificationCenterGetDarwinNotifyCenter().addObserver(page, SwitchPage::reload, changeName,
                                                             SuspensionBehavior::coalesce);
     device.notificationCenter().addObserver(page, "post", "rotated");
     device.notificationCenter().postNotification("rotated");
     runFor(0);
-    EXPECT_EQ(lines, (Lines{"trace:      0.0 ms  notification \"rotated\" from NSNotificationCenter",
-                            "trace:      0.0 ms    message post() to SwitchPage from NSNotificationCenter",
-                            "trace:      0.0 ms      effect post {name=\"com.example.changed\"} from "
-                            "Device::postNotification",
-                            "trace:      0.0 ms  notification \"com.example.changed\" to SwitchPage from "
-                            "CFNotificationCenter",
-                            "trace:      0.0 ms    effect reload {name=\"SwitchPage\"} from "
-                            "PSListController::reloadSpecifiers"}));
+    EXPECT_EQ(lines,
+              (Lines{"trace:      0.0 ms  notification \"rotated\" from NSNotificationCenter",
+                     "trace:      0.0 ms    message post(nothing) to SwitchPage from NSNotificationCenter",
+                     "trace:      0.0 ms      effect post {name=\"com.example.changed\"} from "
+                     "Device::postNotification",
+                     "trace:      0.0 ms  notification \"com.example.changed\" to SwitchPage from "
+                     "CFNotificationCenter",
+                     "trace:      0.0 ms    effect reload {name=\"SwitchPage\"} from "
+                     "PSListController::reloadSpecifiers"}));
 }
 
 TEST_F(TraceTest, ControlActionNamesItsSender) {
@@ -114,7 +115,7 @@ TEST_F(TraceTest, ControlActionNamesItsSender) {
 
 TEST_F(TraceTest, StepThatThrowsEndsItsIndentation) {
     EXPECT_THROW(page->performSelector("fail"), std::runtime_error);
-    device.postNotification(changed);
+    device.postNotification(changeName);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_TRUE(lines[1].starts_with("trace:      0.0 ms  effect post")) << lines[1];
 }
