@@ -59,20 +59,25 @@ struct TraceTest : MemoryWorld {
 
 using Lines = std::vector<std::string>;
 
+std::string line(std::size_t depth, const std::string& what, const std::string& from,
+                 const std::string& time = "0.0") {
+    return "trace: " + std::string(8 - time.size(), ' ') + time + " ms  " + std::string(2 * depth, ' ') +
+           what + (from.empty() ? "" : " from " + from);
+}
+
+constexpr const char* write = "effect write {path=\"/User/page.plist\"}";
+constexpr const char* post = "effect post {name=\"com.example.changed\"}";
+
 TEST_F(TraceTest, TapLeadsThroughMessagesToEffects) {
     tapSwitch();
+    const std::string row = "PSSpecifier \"Enabled\"";
+    const std::string inherited = " to SwitchPage (listed by PSViewController)";
     EXPECT_EQ(
         lines,
-        (Lines{
-            "trace:      0.0 ms  tap PSSpecifier \"Enabled\" on SwitchPage from PSListController::tapRow",
-            "trace:      0.0 ms    message readPreferenceValue:(PSSpecifier \"Enabled\") to SwitchPage "
-            "(listed by PSViewController) from row getter",
-            "trace:      0.0 ms    message setPreferenceValue:specifier:(true, PSSpecifier \"Enabled\") to "
-            "SwitchPage (listed by PSViewController) from row setter",
-            "trace:      0.0 ms      effect write {path=\"/User/page.plist\"} from "
-            "Device::writePropertyList",
-            "trace:      0.0 ms      effect post {name=\"com.example.changed\"} from "
-            "Device::postNotification"}));
+        (Lines{line(0, "tap " + row + " on SwitchPage", "PSListController::tapRow"),
+               line(1, "message readPreferenceValue:(" + row + ")" + inherited, "row getter"),
+               line(1, "message setPreferenceValue:specifier:(true, " + row + ")" + inherited, "row setter"),
+               line(2, write, "Device::writePropertyList"), line(2, post, "Device::postNotification")}));
 }
 
 TEST_F(TraceTest, TimesAreMillisecondsOfTheDeviceSinceTheFirstLine) {
@@ -80,12 +85,10 @@ TEST_F(TraceTest, TimesAreMillisecondsOfTheDeviceSinceTheFirstLine) {
     page->performSelector("post");
     scheduleTimer(Seconds(0.0351), page, "post");
     runFor(100);
-    EXPECT_EQ(lines, (Lines{"trace:      0.0 ms  message post() to SwitchPage",
-                            "trace:      0.0 ms    effect post {name=\"com.example.changed\"} from "
-                            "Device::postNotification",
-                            "trace:     35.1 ms  message post() to SwitchPage from timer",
-                            "trace:     35.1 ms    effect post {name=\"com.example.changed\"} from "
-                            "Device::postNotification"}));
+    EXPECT_EQ(lines,
+              (Lines{line(0, "message post() to SwitchPage", ""), line(1, post, "Device::postNotification"),
+                     line(0, "message post() to SwitchPage", "timer", "35.1"),
+                     line(1, post, "Device::postNotification", "35.1")}));
 }
 
 TEST_F(TraceTest, NotificationsNameTheirObservers) {
@@ -95,14 +98,11 @@ TEST_F(TraceTest, NotificationsNameTheirObservers) {
     device.notificationCenter().postNotification("rotated");
     runFor(0);
     EXPECT_EQ(lines,
-              (Lines{"trace:      0.0 ms  notification \"rotated\" from NSNotificationCenter",
-                     "trace:      0.0 ms    message post(nothing) to SwitchPage from NSNotificationCenter",
-                     "trace:      0.0 ms      effect post {name=\"com.example.changed\"} from "
-                     "Device::postNotification",
-                     "trace:      0.0 ms  notification \"com.example.changed\" to SwitchPage from "
-                     "CFNotificationCenter",
-                     "trace:      0.0 ms    effect reload {name=\"SwitchPage\"} from "
-                     "PSListController::reloadSpecifiers"}));
+              (Lines{line(0, "notification \"rotated\"", "NSNotificationCenter"),
+                     line(1, "message post(nothing) to SwitchPage", "NSNotificationCenter"),
+                     line(2, post, "Device::postNotification"),
+                     line(0, "notification \"com.example.changed\" to SwitchPage", "CFNotificationCenter"),
+                     line(1, "effect reload {name=\"SwitchPage\"}", "PSListController::reloadSpecifiers")}));
 }
 
 TEST_F(TraceTest, ControlActionNamesItsSender) {
