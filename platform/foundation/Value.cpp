@@ -47,8 +47,8 @@ double readDouble(std::string_view text) {
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), result, std::chars_format::general);
     if (error == std::errc::result_out_of_range) {
-        // Too large and too small are told apart by the exponent's sign, or else by the digits before the
-        // point.
+        // The sign of the exponent, or else the digits before the point, say whether it is too large or too
+        // small.
         const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
         const auto exponent = number.find_first_of("eE");
         const bool tiny = exponent != std::string_view::npos
@@ -63,7 +63,7 @@ double readDouble(std::string_view text) {
 template <std::integral Integer>
 Integer saturate(double real) {
     if (std::isnan(real)) return 0;
-    // 2^63 and 2^31 are exact as doubles, their predecessors need not be.
+    // 2^63 and 2^31 are exact as doubles; the integers just below may not be.
     const double limit = std::ldexp(1.0, std::numeric_limits<Integer>::digits);
     if (real >= limit) return std::numeric_limits<Integer>::max();
     if (real <= -limit) return std::numeric_limits<Integer>::min();

@@ -6,9 +6,25 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
+#include <type_traits>
 
 namespace prismo {
 namespace {
+
+// A pointer must not become a boolean. Only text may be given by pointer.
+static_assert(std::is_constructible_v<Value, bool>);
+static_assert(std::is_constructible_v<Value, const char*>);
+static_assert(std::is_constructible_v<Value, std::shared_ptr<NSObject>>);
+static_assert(std::is_constructible_v<Value, const Class&>);
+static_assert(!std::is_constructible_v<Value, const Class*>);
+static_assert(!std::is_constructible_v<Value, NSObject*>);
+static_assert(!std::is_constructible_v<Value, const void*>);
+static_assert(!std::is_constructible_v<Value, const int*>);
+static_assert(!std::is_constructible_v<Value, const bool*>);
+static_assert(!std::is_constructible_v<Value, void (*)()>);
+static_assert(!std::is_constructible_v<Value, std::nullptr_t>);
+static_assert(!std::is_constructible_v<Value, std::shared_ptr<int>>);
 
 constexpr auto int64Min = std::numeric_limits<std::int64_t>::min();
 constexpr auto int64Max = std::numeric_limits<std::int64_t>::max();
