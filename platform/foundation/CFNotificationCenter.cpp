@@ -11,7 +11,7 @@ namespace prismo {
 void CFNotificationCenter::addObserver(const std::shared_ptr<NSObject>& observer, Callback callback,
                                        std::string name, SuspensionBehavior suspensionBehavior) {
     device_.observeNotification(name);
-    // Here, since pages that come and go observe what may never be posted.
+    // Clean up here: short-lived pages observe names that may never be posted.
     std::erase_if(observers_, [](const Observer& known) { return known.object.expired(); });
     observers_.push_back({observer, callback, std::move(name), suspensionBehavior});
 }

@@ -11,37 +11,38 @@ namespace prismo {
 class Device;
 class NSObject;
 
-/// What becomes of a notification that arrives while the centre is suspended. The numbers are the platform's.
+/// What happens to a notification that arrives while the center is suspended. The platform defines the
+/// numbers.
 enum class SuspensionBehavior {
     drop = 1,
-    /// One delivery on resumption, however many arrived.
+    /// On resumption, one delivery, however many arrived.
     coalesce = 2,
-    /// Every one, in order, on resumption.
+    /// On resumption, all of them, in order.
     hold = 3,
     deliverImmediately = 4,
 };
 
-/// Notifications between processes, by name alone: no object and no user information arrives. A post reaches
-/// every observer on the device, also those of the posting process, on a later turn of its run loop and in
-/// the order of registration. Observers are not kept alive, and a released one is never called.
+/// Notifications between processes, by name only: no object and no user information arrives. A post reaches
+/// every observer on the device, including those of the posting process, on a later turn of its run loop and
+/// in order of registration. The center does not keep observers alive and never calls a released one.
 class CFNotificationCenter {
   public:
-    /// Receives the observer that was registered with it.
+    /// Called with the observer that was registered with it.
     using Callback = void (*)(const std::shared_ptr<NSObject>& observer);
 
     explicit CFNotificationCenter(Device& device) : device_(device) {}
 
-    /// One registration more, also where the observer has one for that name already.
+    /// Adds a registration, even if the observer already has one for that name.
     void addObserver(const std::shared_ptr<NSObject>& observer, Callback callback, std::string name,
                      SuspensionBehavior suspensionBehavior);
-    /// `object` is what the poster speaks of; it is seen in the device's effects and nowhere else.
+    /// `object` is what the notification is about. It appears only in the device's effects.
     void postNotification(const std::string& name, std::string_view object = {});
 
     /// Called by the device, from the run loop: `name` was posted at least once since the last call.
     void deliver(std::string_view name);
 
-    /// A process that is not to be disturbed suspends its centre; on resumption each observer gets what its
-    /// suspension behaviour has kept.
+    /// A process that must not be disturbed suspends its center. On resumption each observer gets what its
+    /// suspension behavior has kept.
     void setSuspended(bool suspended);
 
   private:
@@ -59,7 +60,7 @@ class CFNotificationCenter {
     std::vector<Observer> observers_;
 };
 
-/// The centre of the current device.
+/// The center of the current device.
 CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter();
 
 } // namespace prismo

@@ -8,12 +8,12 @@
 
 namespace prismo {
 
-/// Collects a device's effects for as long as it lives; the device outlives it.
+/// Collects the effects of a device during its own lifetime. The device must outlive it.
 class EffectLog {
   public:
     explicit EffectLog(Device& device) : device_(device) {
         device_.setEffectObserver([this](const Effect& effect) {
-            const std::scoped_lock lock(mutex_); // effects come from every thread
+            const std::scoped_lock lock(mutex_); // effects come from any thread
             effects_.push_back(effect);
         });
     }

@@ -9,12 +9,12 @@
 
 namespace prismo {
 
-/// Notifications within this process, delivered at once to the observers in the order of their registration.
-/// Observers are not kept alive, and a released one is never called.
+/// Notifications within this process, delivered immediately to the observers in order of registration. The
+/// center does not keep observers alive and never calls a released one.
 class NSNotificationCenter {
   public:
-    /// Sends `selector`, with the notification's sender as argument, to `observer` for every notification of
-    /// that name that is posted from now on; only for those of `object`, where one is given.
+    /// From now on sends `selector` to `observer`, with the notification's sender as argument, for every
+    /// notification with that name. If `object` is given, only for notifications of that object.
     void addObserver(const std::shared_ptr<NSObject>& observer, std::string selector, std::string name,
                      const std::shared_ptr<NSObject>& object = nullptr);
     void postNotification(std::string_view name, const std::shared_ptr<NSObject>& object = nullptr);

@@ -7,7 +7,7 @@
 
 namespace prismo {
 
-/// Keeps an observer registered for as long as it lives.
+/// Keeps an observer registered during its own lifetime.
 class Subscription {
   public:
     Subscription() = default;
@@ -18,8 +18,8 @@ class Subscription {
     std::shared_ptr<std::function<void()>> observer_;
 };
 
-/// State that a host draws. Observers are called after each change, on the thread that made it, and look up
-/// for themselves what is new.
+/// State that a host draws. Calls its observers after each change, on the thread that made the change. They
+/// look up what is new.
 class Observable {
   public:
     [[nodiscard]] Subscription observe(std::function<void()> observer) {
@@ -34,19 +34,19 @@ class Observable {
 
     void changed() {
         std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-        // On a copy: an observer may subscribe another, or end its own subscription.
+        // Iterate over a copy: an observer may add a subscription or end its own.
         for (const auto& observer : std::vector(observers_))
             if (const auto held = observer.lock()) (*held)();
     }
 
-    /// Assigns and tells, where the value differs.
+    /// Assigns the value and notifies the observers, if it differs.
     template <typename Field>
     void assign(Field& field, Field value) {
         if (field == value) return;
         field = std::move(value);
         changed();
     }
-    /// The same for a link that keeps nothing alive. An object that has gone is not the absent one.
+    /// The same for a weak reference. A released object is not the same as no object.
     template <typename Object>
     void assign(std::weak_ptr<Object>& link, const std::shared_ptr<Object>& object) {
         if (!link.owner_before(object) && !object.owner_before(link)) return;

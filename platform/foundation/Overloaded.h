@@ -2,7 +2,7 @@
 
 namespace prismo {
 
-/// One visitor made of several lambdas, for `Value::visit` and `std::visit`.
+/// Combines several lambdas into one visitor, for `Value::visit` and `std::visit`.
 template <typename... Visitors>
 struct Overloaded : Visitors... {
     using Visitors::operator()...;

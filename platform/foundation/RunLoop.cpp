@@ -8,7 +8,7 @@ namespace prismo {
 namespace {
 
 RunLoop::Time span(Seconds seconds) {
-    // Longer than any process lives, and far from where the clock's count would overflow.
+    // Longer than any process lives, and far from overflowing the clock.
     constexpr Seconds longest{1e9};
     return std::chrono::round<RunLoop::Time>(std::clamp(seconds, Seconds::zero(), longest));
 }
@@ -46,14 +46,13 @@ void RunLoop::runUntil(const std::function<bool()>& finished) {
 }
 
 void RunLoop::turn(std::optional<Time> deadline) {
-    // The wait comes first: a callback may be what ends the caller's run, and nothing would end a wait after
-    // it.
+    // Wait first: a callback may end the caller's run, and then nothing would end a wait after it.
     driver_.wait(earlier(nextDeadline(), deadline));
     callDue();
 }
 
 void RunLoop::callDue() {
-    // What a callback adds is left for the next turn: a timer that renews itself must not hold the loop.
+    // What a callback adds waits for the next turn: a timer that renews itself must not block the loop.
     const auto moment = now();
     const auto made = timersMade_;
     auto queued = [&] {
@@ -64,7 +63,7 @@ void RunLoop::callDue() {
         std::function<void()> block;
         {
             const std::scoped_lock lock(blocksMutex_);
-            if (blocks_.empty()) break; // a nested run has called the rest
+            if (blocks_.empty()) break; // a nested run called the rest
             block = std::move(blocks_.front());
             blocks_.pop_front();
         }

@@ -12,28 +12,28 @@ namespace prismo {
 
 using Seconds = std::chrono::duration<double>;
 
-/// The one thread's loop of timers, queued blocks and whatever its driver waits for.
+/// A thread's loop of timers, queued blocks, and the events that its driver waits for.
 ///
-/// A run may be nested in another (a callback may call `run`); the inner run handles everything that the
-/// outer one would. Apart from `now`, `perform` and `wakeUp`, everything belongs to the thread that runs the
-/// loop.
+/// Runs can be nested: a callback may call `run`, and the inner run handles everything that the outer one
+/// would. Except for `now`, `perform` and `wakeUp`, call everything on the thread that runs the loop.
 class RunLoop {
   public:
-    /// Time since a fixed start that never jumps.
+    /// Time since a fixed point. It never jumps.
     using Time = std::chrono::nanoseconds;
 
-    /// Where the loop gets its time from and how it waits.
+    /// Gives the loop its time and waits for it.
     class Driver {
       public:
         virtual ~Driver() = default;
         /// Callable from every thread.
         virtual Time now() = 0;
-        /// Dispatches what has arrived; where nothing has, waits for it, until `deadline` (for ever without
-        /// one) or until `wakeUp`. May return early, and returns at once for a deadline that has passed.
+        /// Dispatches the events that have arrived. If there are none, waits for one until `deadline`
+        /// (forever without one) or until `wakeUp`. May return early. Returns at once if the deadline has
+        /// passed.
         virtual void wait(std::optional<Time> deadline) = 0;
-        /// Ends a `wait` of the loop's thread, or the next one. Callable from every thread.
+        /// Ends the current or the next `wait` of the loop's thread. Callable from any thread.
         virtual void wakeUp() = 0;
-        /// The earliest timer has changed, for a driver whose own loop is the outermost one.
+        /// Called when the earliest timer has changed, for a driver whose own loop is the outermost one.
         virtual void deadlineChanged() {}
     };
 
@@ -41,22 +41,22 @@ class RunLoop {
 
     Time now() const { return driver_.now(); }
 
-    /// Calls `block` once, `delay` from now, on a turn of this loop. Timers of one deadline are called in the
-    /// order in which they were made.
+    /// Calls `block` once, `delay` from now, on a turn of this loop. Calls timers with the same deadline in
+    /// the order in which they were made.
     void schedule(Seconds delay, std::function<void()> block);
-    /// Calls `block` on the next turn, after the blocks queued before it. Callable from every thread.
+    /// Calls `block` on the next turn, after the blocks queued before it. Callable from any thread.
     void perform(std::function<void()> block);
 
-    /// Runs for that long: returns when the time is up and not before, having called what fell due.
+    /// Runs for exactly that long, and calls what falls due.
     void run(Seconds duration);
-    /// Runs until `finished` says so, which is asked before each turn.
+    /// Runs until `finished` returns true. Calls it before each turn.
     void runUntil(const std::function<bool()>& finished);
-    /// Waits, no longer than `deadline`, until something arrives or falls due, and calls it.
+    /// Waits until something arrives or falls due, but no longer than `deadline`, and calls it.
     void turn(std::optional<Time> deadline);
-    /// Calls what is due and returns.
+    /// Calls what is due, without waiting.
     void callDue();
 
-    /// When the earliest timer falls due (now where a block is queued), or nothing.
+    /// When the earliest timer falls due (now if a block is queued), or nullopt.
     std::optional<Time> nextDeadline() const;
 
   private:

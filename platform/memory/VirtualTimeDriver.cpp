@@ -7,7 +7,7 @@ namespace prismo {
 
 void VirtualTimeDriver::wait(std::optional<RunLoop::Time> deadline) {
     if (woken_.exchange(false)) return;
-    if (!deadline) throw std::logic_error("waiting for what cannot come");
+    if (!deadline) throw std::logic_error("a wait that would never end");
     now_ = std::max(now_.load(), *deadline);
 }
 

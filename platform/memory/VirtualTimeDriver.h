@@ -6,8 +6,8 @@
 
 namespace prismo {
 
-/// Time that moves only by waiting for it: a wait for a deadline is over at once, with the clock there. A
-/// wait without a deadline, while nothing was woken, throws std::logic_error, as it would never end.
+/// Time that advances only by waiting: a wait for a deadline ends at once, with the clock at the deadline. A
+/// wait without a deadline and without a pending wake-up would never end, so it throws std::logic_error.
 class VirtualTimeDriver : public RunLoop::Driver {
   public:
     RunLoop::Time now() override { return now_; }

@@ -41,7 +41,7 @@ bool isPlainUtf16(Bytes text) {
 
 enum class Kind : std::uint8_t { list, dictionary, text, other };
 
-/// What an object is, once everything below it is copied to each place that refers to it.
+/// An object after everything below it has been copied to each place that refers to it.
 struct Expanded {
     Kind kind = Kind::other;
     std::uint16_t depth = 0;
@@ -99,11 +99,11 @@ class BinaryGuard {
         Expanded expanded;
     };
 
-    /// Null where it is not safe. `depth` counts the lists above it, and bounds the recursion.
+    /// Null if it is not safe. `depth` is the number of lists above it, and bounds the recursion.
     const Expanded* object(std::uint64_t index, std::size_t depth) {
         if (index >= count_ || depth > maximumPropertyListDepth) return nullptr;
         auto& seen = seen_[static_cast<std::size_t>(index)];
-        // One that is still being looked at holds itself.
+        // An object that is still open contains itself.
         if (seen.state != State::unseen) return seen.state == State::done ? &seen.expanded : nullptr;
         seen.state = State::open;
         const auto expanded = examine(index, depth);
@@ -159,12 +159,12 @@ class BinaryGuard {
     std::optional<Expanded> integer(unsigned power) const {
         const auto size = std::size_t{1} << power;
         if (power > 4 || size > left_.size()) return {};
-        // Of sixteen bytes the library reads the low eight, without a sign.
+        // Of sixteen bytes, the library reads only the low eight, and no sign.
         if (power == 4 && bigEndian(left_.first(8)) != 0) return {};
         return Expanded{};
     }
 
-    /// The number of elements: in the marker, or in an integer behind it.
+    /// The number of elements, from the marker or from an integer after it.
     std::optional<std::size_t> elements(unsigned low) {
         if (low < 0x0F) return low;
         if (left_.empty() || (left_[0] & 0xF0) != 0x10 || (left_[0] & 0x0F) > 3) return {};
@@ -180,7 +180,7 @@ class BinaryGuard {
         if (!count || *count > left_.size() / width) return {};
         const auto text = left_.first(*count * width);
         Expanded result{.kind = kind, .bytes = static_cast<std::uint32_t>(text.size())};
-        // Texts may overlap too, and each that is looked at is in the expanded file.
+        // Texts may overlap, and the expanded file has each of them.
         textBytes_ += result.bytes;
         if (!within(textBytes_ <= maximumExpandedBytes)) return {};
         if (kind == Kind::text && !(width == 1 ? isPlainAscii(text) : isPlainUtf16(text))) return {};
@@ -192,7 +192,7 @@ class BinaryGuard {
         const std::size_t perElement = kind == Kind::dictionary ? 2 : 1;
         if (!count || *count > left_.size() / perElement / referenceSize_) return {};
         const auto table = left_.first(*count * perElement * referenceSize_);
-        // Lists may overlap, but each reference is a node of the expanded file.
+        // Lists may overlap, but each reference is a node in the expanded file.
         references_ += *count * perElement;
         if (!within(references_ <= maximumPropertyListNodes)) return {};
         Expanded result{.kind = kind, .depth = 1};

@@ -9,16 +9,16 @@
 
 namespace prismo {
 
-/// How often libplist compares keys, at most, while it fills dictionaries, which may be nested. It goes
-/// through the keys one by one as long as they are less than 500; then, through the one of 4,096 chains that
-/// the key's sum names.
+/// How often, at most, libplist compares keys while it fills dictionaries, which may be nested. It searches
+/// all keys while there are fewer than 500. After that it searches one of 4,096 chains, which a hash of the
+/// key selects.
 class KeyCosts {
   public:
     void open() { starts_.push_back(keys_.size()); }
     /// The text must outlive this.
     void add(std::string_view key) { keys_.push_back(key); }
 
-    /// The comparisons of the dictionary that was opened last.
+    /// Closes the dictionary that was opened last, and returns its number of comparisons.
     std::size_t close() {
         const auto start = starts_.back();
         starts_.pop_back();
@@ -42,7 +42,7 @@ class KeyCosts {
     std::size_t costInChains(std::size_t start) const {
         std::array<std::uint32_t, chains> lengths{};
         std::size_t cost = 0;
-        // Keys may come twice, but those of different chains are different ones.
+        // Keys may occur twice, but keys in different chains differ.
         std::size_t different = 0;
         for (auto i = start; i < keys_.size(); ++i) {
             auto& length = lengths[chain(keys_[i])];

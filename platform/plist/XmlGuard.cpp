@@ -24,7 +24,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(white) - first + 1);
 }
 
-/// A tag's name may have some behind it.
+/// The name in a tag may have white space after it.
 std::string_view withoutWhiteEnd(std::string_view text) {
     return text.substr(0, text.find_last_not_of(white) + 1);
 }
@@ -33,14 +33,14 @@ bool isInteger(std::string_view text) {
     const auto number = trimmed(text);
     const bool negative = number.starts_with('-');
     const bool hasSign = negative || number.starts_with('+');
-    // The library takes a sign in the first place only.
+    // The library accepts a sign only as the first character.
     if (hasSign && text.front() != number.front()) return false;
     auto digits = number.substr(hasSign ? 1 : 0);
     const int base = digits.starts_with("0x") || digits.starts_with("0X") ? 16 : 10;
     if (base == 16)
         digits.remove_prefix(2);
     else if (digits.size() > 1 && digits.front() == '0')
-        return false; // to the library this is octal
+        return false; // the library reads this as octal
     const auto value = numberFromText<std::uint64_t>(digits, base);
     constexpr std::uint64_t lowest = std::uint64_t{1} << 63;
     return value && (!negative || *value <= lowest);
@@ -51,7 +51,7 @@ bool isReal(std::string_view text) {
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    // What is too large or too small is infinity or 0 to everybody.
+    // Every reader takes a number out of range as infinity or 0.
     return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
@@ -69,7 +69,7 @@ bool isDate(std::string_view text) {
     return day.ok() && day.year() >= year(1) && part(11) < 24 && part(14) < 60 && part(17) < 60;
 }
 
-/// In groups of four, the last one filled up.
+/// Groups of four characters, the last one padded.
 bool isBase64(std::string_view text) {
     enum class Kind : std::uint8_t { other, digit, padding, space };
     constexpr auto kinds = [] {
@@ -96,7 +96,7 @@ bool isBase64(std::string_view text) {
 
 class XmlGuard {
   public:
-    /// Entries of the dictionary at the top go to the list, where there is one.
+    /// Entries of the dictionary at the top go to `entries`, unless it is null.
     XmlGuard(std::string_view text, std::vector<XmlEntry>* entries) : left_(text), entries_(entries) {}
 
     Verdict judge() {
@@ -115,7 +115,7 @@ class XmlGuard {
         }
         if (!left_.starts_with("<plist")) return false;
         const auto start = take(left_.find('>') + 1);
-        // Attributes with ">" in them are nobody's.
+        // No program writes attributes that contain ">".
         if (start.empty() || start.find('<', 1) != std::string_view::npos || start.ends_with("/>"))
             return false;
         return content() && skipMisc() && left_.empty();
@@ -162,7 +162,7 @@ class XmlGuard {
         }
     }
 
-    /// All between `<plist>` and the end of `</plist>`, which holds one value.
+    /// Everything after `<plist>` up to and including `</plist>`: one value.
     bool content() {
         while (skipMisc()) {
             if (!left_.starts_with('<')) return false;
@@ -179,7 +179,7 @@ class XmlGuard {
         return false;
     }
 
-    /// In the dictionary at the top, behind a tag of that name.
+    /// Called in the dictionary at the top, after an element with that name.
     void noteEntry(std::string_view name) {
         if (name == "key")
             entries_->push_back({key_, {}});
@@ -213,7 +213,7 @@ class XmlGuard {
         return (name == "true" || name == "false") && leaf.empty();
     }
 
-    /// One root; in a dictionary, a key and a value in turn.
+    /// There is one root. In a dictionary, keys and values alternate.
     bool isExpected(bool isKey) {
         if (lists_.empty()) return !isKey && !std::exchange(hasRoot_, true);
         auto& list = lists_.back();
@@ -239,7 +239,7 @@ class XmlGuard {
         return true;
     }
 
-    /// A text up to its end tag. The library moves the rest of it once for each reference that it replaces.
+    /// A text up to its end tag. The library moves the rest of the text for each reference that it replaces.
     bool text(std::string_view name) {
         const auto start = left_;
         bool isPlain = true;
@@ -256,7 +256,7 @@ class XmlGuard {
         const auto whole = start.substr(0, start.size() - left_.size());
         const auto references = static_cast<std::size_t>(std::ranges::count(whole, '&'));
         moved_ += references * whole.size();
-        // A key that is spelled in a roundabout way counts as the worst.
+        // A key with references, CDATA or comments counts as the worst case.
         if (name == "key") {
             key_ = isPlain && references == 0 ? whole : std::string_view();
             keys_.add(key_);
@@ -267,7 +267,7 @@ class XmlGuard {
     std::string_view left_;
     std::vector<XmlEntry>* entries_;
     std::string_view key_;
-    /// What was left where the last value at the top began.
+    /// What was left at the start of the last value at the top.
     std::string_view valueStart_;
     std::vector<List> lists_;
     KeyCosts keys_;
@@ -282,7 +282,7 @@ class XmlGuard {
 } // namespace
 
 Verdict judgeXml(std::string_view text, std::vector<XmlEntry>* entries) {
-    // The library ends a file there.
+    // The library takes a NUL for the end of the file.
     if (text.size() <= maximumPropertyListSize && text.find('\0') != std::string_view::npos)
         return Verdict::malformed;
     return XmlGuard(text, entries).judge();

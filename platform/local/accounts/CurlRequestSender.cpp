@@ -14,7 +14,7 @@ bool initialized() {
     return done;
 }
 
-/// The host's signals are for its own threads, and a broken connection is no signal's business.
+/// The host's own threads handle its signals, and a broken connection must not raise one.
 void holdOffSignals() {
     sigset_t all;
     ::sigfillset(&all);
@@ -52,7 +52,7 @@ void CurlRequestSender::run() {
     using Clock = std::chrono::steady_clock;
     auto end = Clock::time_point::max();
     for (;;) {
-        // In this order: what was given before the end is sent.
+        // The order matters: requests that were given before the end are sent.
         const bool ending = isEnding();
         for (auto& order : takeOrders())
             start(std::move(order));
@@ -61,7 +61,7 @@ void CurlRequestSender::run() {
         collect();
         if (ending && end == Clock::time_point::max()) end = Clock::now() + farewell;
         if (ending && (running_.empty() || Clock::now() >= end)) return breakOff();
-        // libcurl shortens this to its own next deadline, and a new order ends it.
+        // libcurl shortens this to its own next deadline, and a new order wakes it up.
         constexpr int longest = 3'600'000;
         constexpr int shortest = 50;
         curl_multi_poll(multi_.get(), nullptr, 0, ending ? shortest : longest, nullptr);
@@ -106,7 +106,7 @@ void CurlRequestSender::breakOff() {
         running.completion(0);
     }
     running_.clear();
-    // Given by completions, too late to be sent.
+    // Completions may have given more, which is too late to send.
     for (auto late = takeOrders(); !late.empty(); late = takeOrders())
         for (auto& order : late)
             order.completion(0);

@@ -12,13 +12,13 @@
 
 namespace prismo {
 
-/// One thread sends all requests, side by side, in the order in which they were given.
+/// Sends all requests on one thread, concurrently, in the order in which they were given.
 class CurlRequestSender : public RequestSender {
   public:
-    /// How long its end waits for requests that are under way.
+    /// How long the destructor waits for requests that are under way.
     static constexpr std::chrono::milliseconds farewell = std::chrono::seconds(3);
 
-    /// Throws std::runtime_error or std::system_error where there is no libcurl or no thread to be had.
+    /// Throws std::runtime_error if libcurl cannot be used, or std::system_error if no thread can be made.
     explicit CurlRequestSender(TransferOptions options = {});
     ~CurlRequestSender() override;
     CurlRequestSender(const CurlRequestSender&) = delete;
@@ -54,7 +54,7 @@ class CurlRequestSender : public RequestSender {
     std::mutex mutex_;
     std::vector<Order> orders_;
     bool ending_ = false;
-    /// The thread's own.
+    /// Belongs to the thread.
     std::list<Running> running_;
     std::thread thread_;
 };

@@ -56,7 +56,7 @@ Parameters formDecoded(std::string_view text) {
 }
 
 std::string signatureBaseString(std::string_view method, std::string_view url, const Parameters& parameters) {
-    // Sorted as they stand encoded, by name and then by value.
+    // Sort them in their encoded form, by name and then by value.
     Parameters encoded;
     for (const auto& [name, value] : parameters)
         encoded.emplace_back(percentEncoded(name), percentEncoded(value));
@@ -84,7 +84,7 @@ std::string signature(std::string_view baseString, std::string_view consumerSecr
 }
 
 std::optional<Occasion> Occasion::now() {
-    // As long as the strictest servers take it.
+    // The longest nonce that the strictest servers accept.
     std::array<unsigned char, 15> random{};
     if (RAND_bytes(random.data(), random.size()) != 1) return {};
     return Occasion{hexText(random), std::to_string(std::time(nullptr))};

@@ -7,7 +7,7 @@
 
 namespace prismo {
 
-/// What requests in the name of an account are signed with. It goes into no effect, message or log.
+/// What signs the requests of an account. Never goes into an effect, message or log.
 struct AccountSecrets {
     std::string consumerKey;
     std::string consumerSecret;
@@ -15,8 +15,8 @@ struct AccountSecrets {
     std::string tokenSecret;
 };
 
-/// Signs requests and sends them over HTTPS. Its end waits a short while for what is under way, then breaks
-/// it off; every completion has been called by then.
+/// Signs requests and sends them over HTTPS. The destructor waits a short time for requests that are under
+/// way, then aborts them. By its end, every completion has been called.
 class RequestSender {
   public:
     static constexpr const char* serviceName = "accounts";
@@ -24,9 +24,9 @@ class RequestSender {
 
     virtual ~RequestSender() = default;
 
-    /// Goes on at once. `completion` is called once, on the sender's own thread, with the HTTP status, or 0
-    /// where there was no answer: no connection, no trust in the server, no time left, no https, no such
-    /// method. Callable from every thread.
+    /// Does not wait. Calls `completion` once, on the sender's own thread, with the HTTP status, or with 0 if
+    /// there was no answer: no connection, an untrusted server, a timeout, a URL that is not https, or an
+    /// unknown method. Callable from any thread.
     virtual void send(const AccountRequest& request, const AccountSecrets& secrets,
                       std::function<void(int status)> completion) = 0;
 };

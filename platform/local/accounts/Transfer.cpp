@@ -11,12 +11,12 @@ namespace {
 
 bool isPost(const AccountRequest& request) { return request.method == "POST"; }
 
-/// As they are sent: a query, or a form's body.
+/// As they are sent: a query or the body of a form.
 std::string encodedParameters(const AccountRequest& request) {
     return oauth::formEncoded({request.parameters.begin(), request.parameters.end()});
 }
 
-/// A part of the URL, as it is sent; "" where it has none.
+/// A part of the URL, as it is sent, or "" if it has none.
 std::string part(CURLU* url, CURLUPart which, unsigned int flags = 0) {
     char* text = nullptr;
     if (curl_url_get(url, which, &text, flags) != CURLUE_OK) return {};
@@ -63,10 +63,10 @@ Transfer::Transfer(const AccountRequest& request, const AccountSecrets& secrets,
 }
 
 bool Transfer::prepareUrl(const AccountRequest& request) {
-    // A user in the URL would take the place of the signature.
+    // A user in the URL would replace the signature.
     if (curl_url_set(url_.get(), CURLUPART_URL, request.url.c_str(), CURLU_DISALLOW_USER) != CURLUE_OK)
         return false;
-    // The host is signed in lower case, whatever it is sent in.
+    // The host is signed in lower case, whatever case is sent.
     const auto host = lowercased(part(url_.get(), CURLUPART_HOST));
     if (curl_url_set(url_.get(), CURLUPART_HOST, host.c_str(), 0) != CURLUE_OK) return false;
     const auto encoded = encodedParameters(request);
@@ -75,7 +75,7 @@ bool Transfer::prepareUrl(const AccountRequest& request) {
 }
 
 bool Transfer::sign(const AccountRequest& request, const AccountSecrets& secrets) {
-    // The query is signed as it is sent, with what the URL brought along.
+    // The query is signed as it is sent, including parameters that were in the URL.
     auto parameters = oauth::formDecoded(part(url_.get(), CURLUPART_QUERY));
     if (isPost(request))
         parameters.insert(parameters.begin(), request.parameters.begin(), request.parameters.end());
@@ -92,7 +92,7 @@ bool Transfer::setOptions(const AccountRequest& request, const TransferOptions& 
     OptionSetter setter(handle_.get());
     setter.set(CURLOPT_CURLU, url_.get());
     setter.set(CURLOPT_HTTPHEADER, headers_.get());
-    // An answer that leads elsewhere is the answer: the signature is for this place only.
+    // A redirect is the answer: the signature is only valid for this URL.
     setter.set(CURLOPT_FOLLOWLOCATION, 0L);
     setter.set(CURLOPT_PROTOCOLS_STR, "https");
     setter.set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
@@ -100,7 +100,7 @@ bool Transfer::setOptions(const AccountRequest& request, const TransferOptions& 
     setter.set(CURLOPT_SSL_VERIFYHOST, 2L);
     setter.set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(options.connectTimeout.count()));
     setter.set(CURLOPT_TIMEOUT_MS, static_cast<long>(options.timeout.count()));
-    // The host's signals are not for libcurl, and its end is not held up by a name that is being looked up.
+    // Keep libcurl away from the host's signals, and do not let a name lookup delay its end.
     setter.set(CURLOPT_NOSIGNAL, 1L);
     setter.set(CURLOPT_QUICK_EXIT, 1L);
     setter.set(CURLOPT_WRITEFUNCTION, &discard);

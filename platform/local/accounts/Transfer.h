@@ -10,27 +10,27 @@
 namespace prismo {
 
 struct TransferOptions {
-    /// A file of certificates to trust in place of the system's.
+    /// A file of certificates to trust instead of the system's.
     std::string certificates;
-    /// "HOST:PORT:ADDRESS:PORT": connections for the first two go to the others.
+    /// "HOST:PORT:ADDRESS:PORT": connections to the first pair go to the second.
     std::string connectTo;
     std::chrono::milliseconds connectTimeout = std::chrono::seconds(10);
-    /// For all of a request.
+    /// For the whole request.
     std::chrono::milliseconds timeout = std::chrono::seconds(30);
 };
 
-/// One signed request on its way, as libcurl runs it.
+/// One signed request, as libcurl sends it.
 class Transfer {
   public:
-    /// `handle` is null afterwards for what cannot be sent.
+    /// Leaves `handle` null if the request cannot be sent.
     Transfer(const AccountRequest& request, const AccountSecrets& secrets, const TransferOptions& options);
 
     CURL* handle() const { return handle_.get(); }
-    /// The status that the server answered with; 0 where the transfer ended with an error.
+    /// The HTTP status of the answer, or 0 if the transfer ended with an error.
     int status(CURLcode result) const;
 
   private:
-    // In this order; false where it cannot be done.
+    // Called in this order. Each returns false on failure.
     bool prepareUrl(const AccountRequest& request);
     bool sign(const AccountRequest& request, const AccountSecrets& secrets);
     bool setOptions(const AccountRequest& request, const TransferOptions& options);
@@ -43,7 +43,7 @@ class Transfer {
     template <typename T>
     using Owned = std::unique_ptr<T, Free>;
 
-    // libcurl reads these until the handle goes.
+    // libcurl reads these until the handle is destroyed.
     Owned<CURLU> url_;
     Owned<curl_slist> headers_;
     Owned<curl_slist> connectTo_;

@@ -7,19 +7,21 @@
 
 namespace prismo {
 
-/// The driver of a run loop that waits for this process' descriptors too. A host with an event loop of its
-/// own brings one that waits in that.
+/// A run loop's driver that also waits for this process's descriptors. A host with its own event loop
+/// provides one that waits there.
 class DescriptorDriver : public RunLoop::Driver {
   public:
-    /// Calls `readable` from `wait` whenever `fd` can be read, is at its end or has failed; it takes the
-    /// place of an earlier one for the same descriptor. It may run the loop, watch and unwatch. What arrived
-    /// together is dispatched in the order of watching, each once, be it by a nested run.
+    /// Calls `readable` from `wait` whenever `fd` is readable, at its end, or has failed. Replaces an earlier
+    /// function for the same descriptor. `readable` may run the loop, watch and unwatch. Descriptors that
+    /// became ready together are dispatched once each, in the order in which they were watched, even by a
+    /// nested run.
     virtual void watch(int fd, std::function<void()> readable) = 0;
-    /// From now on nothing is called for `fd`, not even for what has arrived. Comes before its closing.
+    /// From now on calls nothing for `fd`, not even for what has already arrived. Call this before closing
+    /// it.
     virtual void unwatch(int fd) = 0;
-    /// As long as one of these lives, another thread is at work on what the loop waits for: a clock that
-    /// moves only by waiting stands still, and a wait ends by what arrives. Null for other clocks. Callable
-    /// from every thread; the driver outlives it.
+    /// While the returned object lives, another thread works on something that the loop waits for. A clock
+    /// that advances only by waiting stands still, and a wait ends only when something arrives. Null for
+    /// other clocks. Callable from any thread. The driver must outlive the object.
     virtual std::shared_ptr<void> holdClock() { return nullptr; }
 };
 

@@ -6,7 +6,7 @@
 
 namespace prismo {
 
-/// Owns one file descriptor and closes it. Negative when it holds none. Closing leaves errno as it was.
+/// Owns a file descriptor and closes it. Negative if it holds none. Closing does not change errno.
 class UniqueFd {
   public:
     UniqueFd() = default;
@@ -21,7 +21,7 @@ class UniqueFd {
     int get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }
 
-    /// Gives the ownership away.
+    /// Gives up ownership.
     int release() { return std::exchange(descriptor_, -1); }
 
     void reset(int descriptor = -1) {

@@ -7,8 +7,8 @@
 
 namespace prismo {
 
-/// What the desktop of this machine lends to the device. It needs neither a display nor a bus. Callable from
-/// every thread.
+/// What this machine's desktop offers to the device. Needs neither a display nor a bus. Callable from any
+/// thread.
 class DesktopServices {
   public:
     static constexpr const char* serviceName = "desktop";
@@ -16,13 +16,13 @@ class DesktopServices {
 
     virtual ~DesktopServices() = default;
 
-    /// Is there an application for links of this one's scheme? False for what is no link: without a scheme,
-    /// with characters that a link has to escape, or longer than 65,536 bytes.
+    /// Is there an application for links with this link's scheme? False if `url` is not a link: if it has no
+    /// scheme, has characters that a link must escape, or is longer than 65,536 bytes.
     virtual bool canOpen(const std::string& url) = 0;
-    /// Starts that application with the link as one argument, without a shell, and goes on. False as
-    /// `canOpen`, and where it could not be started.
+    /// Starts that application with the link as one argument, without a shell, and does not wait. Returns
+    /// false if `canOpen` does, or if the application could not be started.
     virtual bool open(const std::string& url) = 0;
-    /// The applications that this desktop's menu shows. An icon is a PNG file of this machine.
+    /// The applications in this desktop's menu. An icon is a PNG file of this machine.
     virtual std::vector<InstalledApplication> applications() = 0;
 };
 

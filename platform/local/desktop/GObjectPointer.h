@@ -8,7 +8,7 @@ namespace prismo {
 struct GObjectUnref {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
-/// Owns one reference.
+/// Owns a reference to the object.
 template <typename Object>
 using GObjectPointer = std::unique_ptr<Object, GObjectUnref>;
 

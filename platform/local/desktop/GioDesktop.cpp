@@ -15,18 +15,18 @@ namespace prismo {
 
 namespace {
 
-/// What takes links of this one's scheme, or null.
+/// The application for links with this link's scheme, or null.
 GObjectPointer<GAppInfo> linkHandler(const std::string& url) {
     const auto scheme = linkScheme(url);
     if (!scheme) return nullptr;
     GObjectPointer<GAppInfo> handler(g_app_info_get_default_for_uri_scheme(scheme->c_str()));
-    // One that takes files only would be started without the link.
+    // An application that takes only files would be started without the link.
     if (!handler || !G_IS_DESKTOP_APP_INFO(handler.get()) || !g_app_info_supports_uris(handler.get()))
         return nullptr;
     return handler;
 }
 
-/// In the child: it may come from a thread that holds off all signals.
+/// Runs in the child, which may inherit the mask of a thread that blocks all signals.
 void acceptSignals(gpointer /*unused*/) {
     sigset_t none;
     ::sigemptyset(&none);
@@ -57,12 +57,12 @@ bool GioDesktop::canOpen(const std::string& url) { return linkHandler(url) != nu
 
 bool GioDesktop::open(const std::string& url) {
     const auto handler = linkHandler(url);
-    // It outlives this process: what reads this one's output would wait for it.
+    // The application outlives this process. With our output, it would keep a reader of that output waiting.
     const UniqueFd null(::open("/dev/null", O_RDWR | O_CLOEXEC));
     if (!handler || !null) return false;
     std::string argument = url;
     GList urls{argument.data(), nullptr, nullptr};
-    // Always a process of its own, with or without a bus, and collected by GLib when it ends.
+    // This always makes a new process, with or without a bus, and GLib waits for its end.
     return g_desktop_app_info_launch_uris_as_manager_with_fds(
                G_DESKTOP_APP_INFO(handler.get()), &urls, nullptr, G_SPAWN_SEARCH_PATH, acceptSignals, nullptr,
                nullptr, nullptr, null.get(), null.get(), null.get(), nullptr) != FALSE;

@@ -7,7 +7,8 @@
 
 namespace prismo {
 
-/// The desktop as its freedesktop.org files describe it: desktop entries, and the defaults for link schemes.
+/// The desktop as its freedesktop.org files describe it: desktop entries and default applications for link
+/// schemes.
 class GioDesktop : public DesktopServices {
   public:
     bool canOpen(const std::string& url) override;

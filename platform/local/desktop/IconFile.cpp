@@ -31,9 +31,9 @@ std::vector<std::filesystem::path> dataDirectories() {
 }
 
 std::string namedIcon(const std::string& name) {
-    // A name is no way out of the icon directories.
+    // A name must not lead out of the icon directories.
     if (name.empty() || name.find('/') != std::string::npos) return {};
-    // First those that need not be blown up to 59 points, the nearest before all.
+    // First the sizes that need not be enlarged to 59 points, starting with the closest.
     constexpr std::array sizes{"64x64",   "72x72",   "96x96", "128x128", "192x192",
                                "256x256", "512x512", "48x48", "32x32"};
     const auto file = name + ".png";
