@@ -25,8 +25,9 @@ class World {
         std::string pattern = std::filesystem::temp_directory_path() / "prismo2-bench-XXXXXX";
         if (!mkdtemp(pattern.data())) std::abort();
         root_ = pattern;
-        device_ = std::make_unique<LinuxDevice>(root_);
-        device_->setCompanions(Device::Companions::none); // without the version query
+        // Without companions, the page does not query the version.
+        device_ = std::make_unique<LinuxDevice>(root_, LinuxDevice::Clock::monotonic,
+                                                LinuxDevice::Companions::none);
         current_ = std::make_unique<Device::Current>(*device_);
         Dictionary settings{{"enabled", true}};
         for (std::int64_t i = 1; i < keys; ++i) {

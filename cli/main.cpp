@@ -59,7 +59,7 @@ int run(Command& command, const Options& options, const Words& words) {
     try {
         return host.finish(command.run(host));
     } catch (const std::runtime_error& error) {
-        host.tellProblemsBeside(error.what());
+        host.finishWithError(error.what());
         throw;
     }
 }

@@ -140,7 +140,7 @@ class Store : public Command {
     Exit watch(Host& host, PHPrefsManager& /*store*/) {
         if (notification_.empty()) throw CommandError(wrongUsage, "watch needs --notify NAME");
         host.throwOnProblem();
-        host.tellProblemsAtOnce();
+        host.printProblemsAtOnce();
         limits_.run(host.device().runLoop());
         return done;
     }

@@ -54,7 +54,7 @@ class Watch : public Command {
                                                      SuspensionBehavior::coalesce);
         }
         host.throwOnProblem();
-        host.tellProblemsAtOnce();
+        host.printProblemsAtOnce();
         limits_.run(host.device().runLoop());
         return done;
     }

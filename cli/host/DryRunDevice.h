@@ -4,24 +4,31 @@
 #include "platform/memory/MemoryDevice.h"
 
 #include <string>
+#include <vector>
 
 namespace prismo::cli {
 
-/// The copy in memory that a dry run works on. Before it does something in the original's place, the original
-/// says whether it would do it itself, and its problems are those of the dry run.
+/// The copy in memory that a dry run works on. Before it does something, it asks the original whether the
+/// real operation would succeed, so a dry run reports the same problems.
 class DryRunDevice : public MemoryDevice {
   public:
-    /// A copy of `original`, null for an empty device, whose loop goes by `driver`; both outlive it.
-    DryRunDevice(LinuxDevice* original, RunLoop::Driver& driver)
-        : MemoryDevice(original, driver), original_(original) {}
+    using Companions = LinuxDevice::Companions;
+
+    /// A copy of `original`, or an empty device if that is null. Its run loop uses `driver`. Both must
+    /// outlive this. `companions` are those of the original.
+    DryRunDevice(LinuxDevice* original, RunLoop::Driver& driver, Companions companions)
+        : MemoryDevice(original, driver), original_(original), companions_(companions) {}
 
   protected:
-    bool write(const std::string& path, const Dictionary& dictionary, WriteMode mode) override;
-    bool post(const std::string& name) override;
-    void observe(const std::string& name) override;
+    Result<> write(const std::string& path, const Dictionary& dictionary, WriteMode mode) override;
+    Result<> post(const std::string& name) override;
+    Result<> observe(const std::string& name) override;
+    Result<std::string> run(const std::string& executable,
+                            const std::vector<std::string>& arguments) override;
 
   private:
     LinuxDevice* original_;
+    Companions companions_;
 };
 
 } // namespace prismo::cli

@@ -13,27 +13,19 @@
 
 namespace prismo::cli {
 
-namespace {
-
-std::string problemText(const FileProblem& problem) { return problem.path + ": " + problem.cause; }
-
-} // namespace
-
 Host::Host(const Options& options, Companions companions, Clock clock) : options_(options) {
-    const auto root = DeviceRootPath::choose(options.root);
-    if (!options.dryRun) root.makeIfDefault();
-    // A dry run takes a default root that is yet to be made for an empty one.
-    if (!options.dryRun || !root.isDefault() || root.exists()) linux_.emplace(root.path(), clock);
+    const auto root = valueOrThrow(DeviceRootPath::choose(options.root));
+    if (!options.dryRun) valueOrThrow(root.makeIfDefault());
+    // For a dry run, a default root that does not exist yet is empty.
+    if (!options.dryRun || !root.isDefault() || root.exists()) linux_.emplace(root.path(), clock, companions);
     if (options.dryRun) {
         driver_ = std::make_unique<PollDriver>(clock);
-        memory_.emplace(linux_ ? &*linux_ : nullptr, *driver_);
+        memory_.emplace(linux_ ? &*linux_ : nullptr, *driver_, companions);
     }
     device_ = memory_ ? static_cast<Device*>(&*memory_) : &*linux_;
-    device_->setCompanions(companions);
-    if (linux_) linux_->setCompanions(companions); // a dry run asks it
     current_.emplace(*device_);
     effects_.emplace(*device_);
-    const auto observer = [this](const FileProblem& problem) { keep(problem); };
+    const auto observer = [this](const Problem& problem) { note(problem); };
     device_->setProblemObserver(observer);
     if (linux_) linux_->setProblemObserver(observer);
     registerPrismo2Prefs();
@@ -52,36 +44,26 @@ MemoryDevice& Host::memoryDevice() {
     return *memory_;
 }
 
-void Host::keep(const FileProblem& problem) {
-    if (tellsAtOnce_) {
-        tell(problem);
-        hasToldFatal_ = hasToldFatal_ || isFatal(problem);
-    } else if (std::ranges::find(problems_, problem) == problems_.end()) {
-        problems_.push_back(problem);
+void Host::note(const Problem& problem) {
+    if (printsAtOnce_) {
+        printProblem(problem);
+        hasPrintedFatal_ = hasPrintedFatal_ || isFatal(problem);
+    } else {
+        problems_.add(problem);
     }
 }
 
-void Host::tell(const FileProblem& problem) {
-    std::fprintf(stderr, "prismo2: %s\n", printable(problemText(problem)).c_str());
+void Host::printProblem(const Problem& problem) {
+    std::fprintf(stderr, "prismo2: %s\n", printable(problem.text()).c_str());
 }
 
-bool Host::isFatal(const FileProblem& problem) const {
-    return problem.kind != FileProblem::Kind::replaced && !isToldWithAnother(problem);
-}
-
-bool Host::isToldWithAnother(const FileProblem& problem) const {
-    using Kind = FileProblem::Kind;
-    // What became of the write that met a malformed file says more than that it did.
-    return problem.kind == Kind::malformed && std::ranges::any_of(problems_, [&](const FileProblem& other) {
-               return (other.kind == Kind::replaced || other.kind == Kind::unwritable) &&
-                      other.path == problem.path;
-           });
+bool Host::isFatal(const Problem& problem) const {
+    return problem.kind != Problem::Kind::replaced && !problems_.explains(problem);
 }
 
 void Host::throwOnProblem() const {
-    const auto found =
-        std::ranges::find_if(problems_, [this](const auto& problem) { return isFatal(problem); });
-    if (found != problems_.end()) throw CommandError(failed, problemText(*found));
+    for (const auto& problem : problems_)
+        if (isFatal(problem)) throw CommandError(failed, problem.text());
 }
 
 void Host::print(const std::string& text) { results_.write(text); }
@@ -105,20 +87,20 @@ int Host::finish(int exit) {
         for (const auto& effect : takeEffects())
             print("would " + effectLine(effect) + "\n");
     for (const auto& problem : problems_) {
-        if (isToldWithAnother(problem)) continue;
-        tell(problem);
+        if (problems_.explains(problem)) continue;
+        printProblem(problem);
         if (isFatal(problem) && exit == done) exit = failed;
     }
-    return exit == done && hasToldFatal_ ? failed : exit;
+    return exit == done && hasPrintedFatal_ ? failed : exit;
 }
 
-void Host::tellProblemsBeside(const std::string& complaint) const {
-    // Where the complaint is of a failure, that is the first one, and the later ones mostly follow from it.
-    const bool isFailureTold = std::ranges::any_of(problems_, [&](const FileProblem& problem) {
-        return isFatal(problem) && problemText(problem) == complaint;
-    });
+void Host::finishWithError(const std::string& message) const {
+    // If the message is a problem that makes the command fail, it is the first one, and later ones mostly
+    // follow from it.
+    const bool isProblem = std::ranges::any_of(
+        problems_, [&](const Problem& problem) { return isFatal(problem) && problem.text() == message; });
     for (const auto& problem : problems_)
-        if (!isToldWithAnother(problem) && !(isFailureTold && isFatal(problem))) tell(problem);
+        if (!problems_.explains(problem) && !(isProblem && isFatal(problem))) printProblem(problem);
 }
 
 } // namespace prismo::cli

@@ -10,7 +10,7 @@ namespace prismo {
 
 namespace {
 
-// Atomic, since the accounts service asks on threads of its own.
+// Atomic, since the accounts service asks for it on its own threads.
 std::atomic<Device*> currentDevice = nullptr;
 
 Array texts(const std::vector<std::string>& list) { return {list.begin(), list.end()}; }
@@ -29,35 +29,33 @@ Device::Current::~Current() { currentDevice = previous_; }
 
 bool Device::writePropertyList(const std::string& path, const Dictionary& dictionary, WriteMode mode) {
     if (!isPropertyList(dictionary)) return false;
-    const bool written = write(path, dictionary, mode);
-    if (written) recordEffect("write", {{"path", path}}, "Device::writePropertyList");
-    return written;
+    if (!succeeded(write(path, dictionary, mode))) return false;
+    recordEffect("write", {{"path", path}}, "Device::writePropertyList");
+    return true;
 }
 
 void Device::postNotification(const std::string& name, std::string_view object) {
-    if (!isNotificationName(name)) return;
-    if (!post(name)) return;
+    if (!isNotificationName(name) || !succeeded(post(name))) return;
     Dictionary details{{"name", name}};
     if (!object.empty()) details["object"] = object;
     recordEffect("post", std::move(details), "Device::postNotification");
 }
 
 void Device::postFromOutside(const std::string& name) {
-    if (isNotificationName(name)) post(name);
+    if (isNotificationName(name)) succeeded(post(name));
 }
 
 void Device::observeNotification(const std::string& name) {
-    if (companions_ == Companions::all && isNotificationName(name)) observe(name);
+    if (isNotificationName(name)) succeeded(observe(name));
 }
 
 std::string Device::runTask(const std::string& executable, const std::vector<std::string>& arguments) {
-    if (companions_ == Companions::none) return "";
     auto output = run(executable, arguments);
     if (!output) return "";
     Array argv = texts(arguments);
     argv.insert(argv.begin(), executable);
     recordEffect("task", {{"path", executable}, {"argv", std::move(argv)}}, "Device::runTask");
-    return std::move(*output);
+    return std::move(output).value();
 }
 
 int Device::spawn(const std::string& executable, const std::vector<std::string>& arguments,
@@ -112,12 +110,17 @@ void Device::recordEffect(std::string kind, Dictionary details, std::string_view
     if (effectObserver_) effectObserver_({std::move(kind), std::move(details)});
 }
 
-void Device::report(FileProblem::Kind kind, std::string path, std::string cause) {
-    if (problemObserver_) problemObserver_({kind, std::move(path), std::move(cause)});
+void Device::report(const Problem& problem) {
+    if (problemObserver_) problemObserver_(problem);
+}
+
+bool Device::succeeded(const Result<>& result) {
+    if (!result) report(result.problem());
+    return static_cast<bool>(result);
 }
 
 bool isNotificationName(std::string_view name) {
-    constexpr std::size_t longest = 255; // each is a file's name on Linux
+    constexpr std::size_t longest = 255; // on Linux each one is the name of a file
     constexpr std::string_view refused("/\0", 2);
     return !name.empty() && name.size() <= longest && name != "." && name != ".." &&
            name.find_first_of(refused) == std::string_view::npos;

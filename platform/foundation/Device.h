@@ -2,6 +2,8 @@
 
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/NSNotificationCenter.h"
+#include "platform/foundation/Problem.h"
+#include "platform/foundation/Result.h"
 #include "platform/foundation/RunLoop.h"
 #include "platform/foundation/Value.h"
 
@@ -18,41 +20,17 @@
 namespace prismo {
 
 enum class WriteMode {
-    /// The file is the old one or the new one at every moment.
+    /// A reader finds either the old file or the new one.
     atomically,
-    /// The file keeps its identity and may be seen half written.
+    /// The file keeps its identity; a reader may find it half written.
     inPlace,
 };
 
-/// What the device could not do with a file. The operations themselves stay silent, as the framework's do;
-/// a host listens here to tell the person.
-struct FileProblem {
-    enum class Kind {
-        /// It is there and cannot be read.
-        unreadable,
-        /// It can be read and holds no property-list dictionary.
-        malformed,
-        /// It could not be written. What was there before is there still, unless writing in place broke off.
-        unwritable,
-        /// It is written, and a power cut may take that back.
-        unsynced,
-        /// A file that could not be read was replaced; its bytes are kept, under the name that `cause` tells.
-        replaced,
-    };
-    Kind kind;
-    /// As the person knows it: on Linux the path on this machine, not the one on the device.
-    std::string path;
-    /// In words, without the path: "No space left on device".
-    std::string cause;
-
-    auto operator<=>(const FileProblem&) const = default;
-};
-
-/// Something that left the process or changed its surroundings, in the order of its happening.
+/// Something that left the process or changed the outside world.
 struct Effect {
     /// "write", "post", "spawn", "task", "reload" …
     std::string kind;
-    /// What it was done with: "path", "name", "object", "argv", "environment", as they apply.
+    /// "path", "name", "object", "argv", "environment", as they apply.
     Dictionary details;
 
     bool operator==(const Effect&) const = default;
@@ -62,7 +40,7 @@ struct InstalledApplication {
     /// The bundle identifier, for instance "com.example.app". Never empty.
     std::string displayIdentifier;
     std::string displayName;
-    /// It came with the system, rather than from a store.
+    /// Part of the system, rather than from a store.
     bool isSystem = false;
     /// A path for `readFile`, or empty.
     std::string iconPath;
@@ -70,7 +48,7 @@ struct InstalledApplication {
     bool operator==(const InstalledApplication&) const = default;
 };
 
-/// One of the person's accounts with a service. Its secrets stay with the device.
+/// One of the person's accounts with a service. Its secrets never leave the device.
 struct Account {
     std::string identifier;
     std::string username;
@@ -78,17 +56,17 @@ struct Account {
     bool operator==(const Account&) const = default;
 };
 
-/// A request to a service, made in the name of an account.
+/// A request to a service on behalf of an account.
 struct AccountRequest {
     /// "GET" or "POST".
     std::string method;
-    /// Complete, without the parameters.
+    /// The complete URL, without the parameters.
     std::string url;
     std::map<std::string, std::string> parameters;
     Account account;
 };
 
-/// There is no device to work on: the host has made none current, or has let go of it.
+/// There is no device to work on: the host has not made one current, or has already let it go.
 class NoCurrentDevice : public std::logic_error {
   public:
     NoCurrentDevice() : std::logic_error("no device is current") {}
@@ -96,19 +74,20 @@ class NoCurrentDevice : public std::logic_error {
 
 /// Everything that the framework classes and the module may ask of the outside world.
 ///
-/// Paths are the device's own absolute paths; none leads out of the device, links included. All operations
-/// belong to the thread that runs the device's run loop. None throws: each says how it fails.
+/// Paths are the device's own absolute paths. No path leads out of the device, not even through a link. Call
+/// all operations on the thread that runs the device's run loop, unless one says otherwise. No operation
+/// throws: each says how it fails, and if it says "a problem", the host's problem observer gets a `Problem`.
 class Device {
   public:
     virtual ~Device() = default;
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
 
-    /// The device that this process works on. Throws NoCurrentDevice where none has been made current.
-    /// Callable from every thread.
+    /// The device that this process works on. Throws NoCurrentDevice if no device is current. Callable from
+    /// any thread.
     static Device& current();
 
-    /// Makes a device the current one for as long as this lives. They nest.
+    /// Makes a device the current one during this object's lifetime. They nest.
     class Current {
       public:
         explicit Current(Device& device);
@@ -128,101 +107,95 @@ class Device {
 
     // Files
 
-    /// The dictionary in the file; nothing where the file is missing, cannot be read (a problem) or holds
-    /// no property-list dictionary (a problem). Never blocks on what is not a regular file.
+    /// The dictionary in the file. Returns nullopt if the file is missing or empty, cannot be read (a
+    /// problem) or does not hold a property-list dictionary (a problem). Never blocks, whatever kind of file
+    /// it is.
     virtual std::optional<Dictionary> readPropertyList(const std::string& path) = 0;
-    /// Replaces the whole file. Directories missing below "/User" and "/var/mobile" are made. The bytes of a
-    /// malformed file are kept beside the new one (a problem, "replaced"). False where it could not be
-    /// written (a problem), or the old file cannot be read, or holds more than can be read here, so that the
-    /// dictionary cannot be the old one with a change (a problem), or the dictionary holds a class, an object
-    /// or nothing.
+    /// Replaces the whole file, and makes directories that are missing below "/User" and "/var/mobile". The
+    /// bytes of a malformed file are kept next to the new one (a problem, "replaced").
+    ///
+    /// Returns false if the file cannot be written (a problem), or if the old file cannot be read or is too
+    /// large to be read here, since then the dictionary cannot be the old one with a change (a problem). Also
+    /// returns false if the dictionary contains a class, an object or nothing.
     bool writePropertyList(const std::string& path, const Dictionary& dictionary, WriteMode mode);
-    /// The file's bytes; nothing where it is missing or cannot be read (a problem).
+    /// The bytes of the file. Returns nullopt if it is missing or cannot be read (a problem).
     virtual std::optional<Data> readFile(const std::string& path) = 0;
 
     // System-wide notifications
 
-    /// Tells every process that observes `name`, this one included, on its run loop. Posts that come before
-    /// an observer has run count as one. What is no notification's name reaches nobody.
+    /// Notifies every process that observes `name`, including this one, on its run loop. Posts that arrive
+    /// before an observer has run count as one. Does nothing if `name` is not a notification name. If the
+    /// post reaches nobody, that is a problem.
     void postNotification(const std::string& name, std::string_view object = {});
-    /// Posts as another process would: it is no effect of this one.
+    /// Posts as another process would: this records no effect.
     void postFromOutside(const std::string& name);
-    /// From now on `systemCenter().deliver(name)` is called after each post. May be asked again.
+    /// From now on calls `systemCenter().deliver(name)` after each post. May be called again for the same
+    /// name. If posts of other processes do not arrive, that is a problem.
     void observeNotification(const std::string& name);
     CFNotificationCenter& systemCenter() { return systemCenter_; }
     NSNotificationCenter& notificationCenter() { return notificationCenter_; }
 
     // Processes
 
-    /// Runs the executable with these arguments (its own name is put before them) and waits until it and
-    /// all that it started have closed their standard output; returns what they wrote to it, "" where it
-    /// could not be started. Its complaints are dropped: the host's standard error is for the host's own.
+    /// Runs the executable with these arguments, preceded by its own name. Waits until it and all its
+    /// children have closed their standard output, and returns what they wrote there, or "" if the executable
+    /// could not be started. Discards its standard error, since the host's is for the host's own messages.
     std::string runTask(const std::string& executable, const std::vector<std::string>& arguments);
-    /// Starts the executable with exactly this argument vector (its first entry is the child's own name) and
-    /// environment, and goes on. 0, or the error number of the spawn. The child is never waited for.
+    /// Starts the executable with exactly this argument vector (the first entry is the child's own name) and
+    /// environment, and does not wait for it. Returns 0, or an error number from <cerrno>, which is what the
+    /// module expects of the platform.
     int spawn(const std::string& executable, const std::vector<std::string>& arguments,
               const std::vector<std::string>& environment);
 
     // Applications
 
-    /// All that a person can open, in no order that means anything; a broken bundle is left out. Listed
-    /// when first asked for, and again after `refreshApplications`.
+    /// All applications that a person can open, in no particular order, without broken bundles. They are
+    /// listed on the first call, and again after `refreshApplications`.
     const std::vector<InstalledApplication>& installedApplications();
     void refreshApplications() { applications_.reset(); }
 
     // Links
 
-    /// Is there anything on the device that opens links of this one's scheme? Callable from every thread.
+    /// Can anything on the device open links with this link's scheme? Callable from any thread.
     bool canOpenURL(const std::string& url);
-    /// Hands the link to what opens its scheme and goes on; false where there is nothing or it could not be
-    /// started. Callable from every thread.
+    /// Hands the link to what opens its scheme, and does not wait. Returns false if nothing does, or if it
+    /// could not be started. Callable from any thread.
     bool openURL(const std::string& url);
 
     // Accounts
 
-    /// Asks whether this process may use the person's accounts. `completion` is called once, on whatever
-    /// thread.
+    /// Asks whether this process may use the person's accounts. Calls `completion` once, on any thread.
     virtual void requestAccountAccess(std::function<void(bool granted)> completion) = 0;
-    /// In the order in which the person keeps them. Callable from every thread.
+    /// In the person's own order. Callable from any thread.
     virtual std::vector<Account> accounts() = 0;
-    /// Signs the request for its account and sends it, without waiting. `completion` is called once, on
-    /// whatever thread, with the HTTP status, or 0 where there was no answer. Callable from every thread.
+    /// Signs the request for its account and sends it, without waiting. Calls `completion` once, on any
+    /// thread, with the HTTP status, or with 0 if there was no answer. Callable from any thread.
     void performRequest(const AccountRequest& request, std::function<void(int status)> completion);
 
     // For the host
 
-    enum class Companions {
-        /// Tasks are not run and answer "", notifications are not observed, and applications are the device
-        /// root's own: for a host that shows no page.
-        none,
-        /// Notifications are not observed: for a host that shows a page and is over.
-        page,
-        all,
-    };
-    void setCompanions(Companions companions) { companions_ = companions; }
-    Companions companions() const { return companions_; }
-
-    /// Called for each effect, after it, on the thread that had it. One observer at a time; an empty one ends
-    /// it. It is called for one effect at a time, so it must not have an effect itself.
+    /// Calls the observer after each effect, on the thread that caused it. There is one observer at a time;
+    /// an empty function removes it. Calls do not overlap, so an observer must not cause an effect itself.
     void setEffectObserver(std::function<void(const Effect&)> observer);
-    /// Called for each file problem, as it occurs. One observer at a time; an empty one ends it.
-    void setProblemObserver(std::function<void(const FileProblem&)> observer) {
+    /// Calls the observer for each problem as it occurs, on the run loop's thread. There is one observer at a
+    /// time; an empty function removes it. The operations themselves stay silent, as the platform's do.
+    void setProblemObserver(std::function<void(const Problem&)> observer) {
         problemObserver_ = std::move(observer);
     }
-    /// Adds an effect that is the frameworks' own, such as a page that rebuilds its rows. `from` is for the
-    /// trace: the function that has it.
+    /// Records an effect of the frameworks themselves, such as a page that rebuilds its rows. `from` names the
+    /// function that caused it, for the trace.
     void recordEffect(std::string kind, Dictionary details, std::string_view from);
 
   protected:
     Device() = default;
 
-    virtual bool write(const std::string& path, const Dictionary& dictionary, WriteMode mode) = 0;
-    /// False where it reaches nobody (a problem).
-    virtual bool post(const std::string& name) = 0;
-    virtual void observe(const std::string& name) = 0;
-    /// Nothing where it could not be started.
-    virtual std::optional<std::string> run(const std::string& executable,
-                                           const std::vector<std::string>& arguments) = 0;
+    // The problems of these three are reported by the caller.
+    virtual Result<> write(const std::string& path, const Dictionary& dictionary, WriteMode mode) = 0;
+    virtual Result<> post(const std::string& name) = 0;
+    virtual Result<> observe(const std::string& name) = 0;
+
+    virtual Result<std::string> run(const std::string& executable,
+                                    const std::vector<std::string>& arguments) = 0;
     virtual int start(const std::string& executable, const std::vector<std::string>& arguments,
                       const std::vector<std::string>& environment) = 0;
 
@@ -231,23 +204,24 @@ class Device {
     virtual bool open(const std::string& url) = 0;
     virtual void send(const AccountRequest& request, std::function<void(int status)> completion) = 0;
 
-    void report(FileProblem::Kind kind, std::string path, std::string cause);
+    void report(const Problem& problem);
+    /// Reports the problem if there is one. Returns whether there is none.
+    bool succeeded(const Result<>& result);
 
   private:
     NSNotificationCenter notificationCenter_;
     CFNotificationCenter systemCenter_{*this};
     std::optional<std::vector<InstalledApplication>> applications_;
-    Companions companions_ = Companions::all;
     std::mutex effectMutex_;
     std::function<void(const Effect&)> effectObserver_;
-    std::function<void(const FileProblem&)> problemObserver_;
+    std::function<void(const Problem&)> problemObserver_;
 };
 
-/// Not empty, neither "." nor "..", without slash and NUL, and at most 255 bytes: what can be posted and
-/// observed.
+/// Can this be posted and observed? A name is not empty, not "." or "..", has no slash and no NUL, and has at
+/// most 255 bytes.
 bool isNotificationName(std::string_view name);
 
-/// Can `value` stand in a property list? (No class, object or nothing in it, at any depth.)
+/// Can `value` stand in a property list? It must not contain a class, an object or nothing, at any depth.
 bool isPropertyList(const Value& value);
 
 } // namespace prismo

@@ -1,11 +1,11 @@
 #include "platform/linux/LinuxDevice.h"
 
 #include "platform/linux/applications/InstalledApplications.h"
-#include "platform/local/installation/BaseLayer.h"
+#include "platform/linux/files/BaseLayerRoot.h"
+#include "platform/local/descriptors/SystemProblem.h"
 #include "platform/local/processes/ChildProcess.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,90 +15,121 @@ namespace prismo {
 
 namespace {
 
+using Kind = Problem::Kind;
+
+constexpr const char* notifyDirectory = "/var/run/notify";
 constexpr const char* notifyParent = "/var/run";
 constexpr mode_t notifyMode = 0700;
 
+LinuxDevice::MakeDriver pollDriver(PollDriver::Clock clock) {
+    return [clock] { return std::make_unique<PollDriver>(clock); };
+}
+
 } // namespace
 
-LinuxDevice::LinuxDevice(const std::string& rootPath, Clock clock)
-    : LinuxDevice(rootPath, [=] { return std::make_unique<PollDriver>(clock); }) {}
+LinuxDevice::LinuxDevice(const std::string& rootPath, Clock clock, Companions companions)
+    : LinuxDevice(rootPath, pollDriver(clock), companions) {}
 
-LinuxDevice::LinuxDevice(const std::string& rootPath, const MakeDriver& makeDriver)
-    : root_(rootPath),
-      files_(root_, [this](FileProblem::Kind kind, std::string path,
-                           std::string cause) { report(kind, std::move(path), std::move(cause)); }),
-      notify_([this] { return openNotifyDirectory(); }), driver_(makeDriver()),
-      desktop_([this](const std::string& path, const std::string& cause) { reportLibrary(path, cause); }),
-      sender_([this](const std::string& path, const std::string& cause) { reportLibrary(path, cause); }),
+LinuxDevice::LinuxDevice(const std::string& rootPath, const MakeDriver& makeDriver, Companions companions)
+    : root_(valueOrThrow(DeviceRoot::at(rootPath))), companions_(companions),
+      files_(root_, [this](const Problem& problem) { report(problem); }),
+      notify_(root_.hostPath(notifyDirectory), [this] { return openNotifyDirectory(); }),
+      driver_(makeDriver()), desktop_([this](const Problem& problem) { reportFromAnyThread(problem); }),
+      sender_([this](const Problem& problem) { reportFromAnyThread(problem); }),
       accounts_(AccountFile([this](int flags) { return root_.open(AccountFile::path, flags); },
                             root_.hostPath(AccountFile::path)),
                 [this] { return sender_.service(); }) {}
 
-void LinuxDevice::observe(const std::string& name) {
-    reportNotify(FileProblem::Kind::unreadable, notify_.observe(name));
-    if (notify_.descriptor() < 0 || std::exchange(isWatching_, true)) return;
-    driver_->watch(notify_.descriptor(), [this] { readNotifications(); });
+template <typename Value>
+std::optional<Value> LinuxDevice::valueOrReport(Result<std::optional<Value>> result) {
+    if (result) return std::move(result).value();
+    report(result.problem());
+    return std::nullopt;
 }
 
-bool LinuxDevice::post(const std::string& name) {
-    const int error = notify_.post(name);
-    reportNotify(FileProblem::Kind::unwritable, error);
-    return error == 0;
+std::optional<Dictionary> LinuxDevice::readPropertyList(const std::string& path) {
+    return valueOrReport(files_.read(path));
 }
 
-bool LinuxDevice::rehearsePost(const std::string& name) {
-    const auto directory = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY);
+std::optional<Data> LinuxDevice::readFile(const std::string& path) {
+    if (desktopIcons_.holds(path)) return desktopIcons_.read(path);
+    if (auto bytes = valueOrReport(files_.readBytes(path))) return bytes;
+    return valueOrReport(readBaseLayer(path));
+}
+
+Result<std::optional<Data>> LinuxDevice::readBaseLayer(const std::string& path) {
+    const auto base = openBaseLayer();
+    if (!base && base.problem().kind == Kind::missing) return std::optional<Data>();
+    if (!base) return base.problem();
+    return PropertyListFiles(base.value(), {}).readBytes(path);
+}
+
+Result<> LinuxDevice::observe(const std::string& name) {
+    if (companions_ != Companions::all) return Done{};
+    auto observed = notify_.observe(name);
+    if (notify_.descriptor() >= 0 && !std::exchange(isWatching_, true))
+        driver_->watch(notify_.descriptor(), [this] { readNotifications(); });
+    return observed;
+}
+
+Result<> LinuxDevice::rehearsePost(const std::string& name) {
+    const auto opened = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY);
+    if (!opened) {
+        if (opened.problem().kind != Kind::missing) return opened.problem().as(Kind::notPosted);
+        auto could = root_.couldMakeDirectories(notifyDirectory);
+        if (!could) return could.problem().as(Kind::notPosted);
+        return could;
+    }
     const auto isWritable = [&](const char* entry) {
-        return ::faccessat(directory.get(), entry, W_OK, AT_EACCESS | AT_SYMLINK_NOFOLLOW) == 0;
+        return ::faccessat(opened.value().get(), entry, W_OK, AT_EACCESS | AT_SYMLINK_NOFOLLOW) == 0;
     };
-    const bool isFine = directory ? isWritable(name.c_str()) || (errno == ENOENT && isWritable("."))
-                                  : errno == ENOENT && root_.couldMakeDirectories(notifyDirectory);
-    if (!isFine) reportNotify(FileProblem::Kind::unwritable, errno);
-    return isFine;
+    if (isWritable(name.c_str()) || (errno == ENOENT && isWritable("."))) return Done{};
+    return systemProblem(Kind::notPosted, root_.hostPath(notifyDirectory));
 }
 
-bool LinuxDevice::rehearseObserve() {
-    const bool isFine = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY) ||
-                        (errno == ENOENT && root_.couldMakeDirectories(notifyDirectory));
-    if (!isFine) reportNotify(FileProblem::Kind::unreadable, errno);
-    return isFine;
+Result<> LinuxDevice::rehearseObserve() {
+    const auto opened = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY);
+    if (opened) return Done{};
+    if (opened.problem().kind != Kind::missing) return opened.problem().as(Kind::notObserved);
+    auto could = root_.couldMakeDirectories(notifyDirectory);
+    if (!could) return could.problem().as(Kind::notObserved);
+    return could;
 }
 
 void LinuxDevice::readNotifications() {
-    const int error = notify_.read([this](const std::string& name) {
-        // The observer may run the loop, and what has arrived with this one is due there too.
+    succeeded(notify_.read([this](const std::string& name) {
+        // The observer may run the loop, which must deliver the names that arrived together with this one.
         if (notify_.hasMore()) runLoop_.perform([this] { readNotifications(); });
         systemCenter().deliver(name);
-    });
-    reportNotify(FileProblem::Kind::unreadable, error);
+    }));
 }
 
-UniqueFd LinuxDevice::openNotifyDirectory() {
-    auto directory = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY);
-    if (!directory && errno == ENOENT) {
-        if (root_.makeDirectories(notifyParent, 0755) && root_.makeDirectories(notifyDirectory, notifyMode))
-            directory = root_.open(notifyDirectory, O_RDONLY | O_DIRECTORY);
+Result<UniqueFd> LinuxDevice::openNotifyDirectory() {
+    constexpr int flags = O_RDONLY | O_DIRECTORY;
+    auto directory = root_.open(notifyDirectory, flags);
+    if (!directory && directory.problem().kind == Kind::missing) {
+        if (auto made = root_.makeDirectories(notifyParent, 0755); !made) return made.problem();
+        if (auto made = root_.makeDirectories(notifyDirectory, notifyMode); !made) return made.problem();
+        directory = root_.open(notifyDirectory, flags);
     }
-    if (directory) closeToOthers(directory.get());
+    if (directory) closeToOthers(directory.value().get());
     return directory;
 }
 
-/// Whoever may write there could post, and whoever may read learns of all posts.
+/// Anybody who can write there can post, and anybody who can read there sees all posts.
 void LinuxDevice::closeToOthers(int directory) {
-    struct stat status {};
+    struct stat status = {};
     if (::fstat(directory, &status) != 0 || (status.st_mode & 07777) == notifyMode) return;
-    // One that somebody else gave us serves all the same. That is said once.
-    if (::fchmod(directory, notifyMode) == 0 || std::exchange(isOpenToOthersTold_, true)) return;
-    report(FileProblem::Kind::unwritable, root_.hostPath(notifyDirectory),
-           std::string("Its mode cannot be made 0700: ") + std::strerror(errno));
+    if (::fchmod(directory, notifyMode) == 0 || std::exchange(hasReportedOpenToOthers_, true)) return;
+    // A directory that belongs to another user works anyway.
+    auto problem = systemProblem(Kind::notPrivate, root_.hostPath(notifyDirectory));
+    problem.cause = "Its mode cannot be made 0700: " + problem.cause;
+    report(problem);
 }
 
-void LinuxDevice::reportNotify(FileProblem::Kind kind, int error) {
-    if (error != 0) report(kind, root_.hostPath(notifyDirectory), std::strerror(error));
-}
-
-std::optional<std::string> LinuxDevice::run(const std::string& executable,
-                                            const std::vector<std::string>& arguments) {
+Result<std::string> LinuxDevice::run(const std::string& executable,
+                                     const std::vector<std::string>& arguments) {
+    if (companions_ == Companions::none) return Problem{Kind::notStarted, executable, "No tasks are run"};
     return runAndRead(executable, arguments);
 }
 
@@ -109,33 +140,15 @@ int LinuxDevice::start(const std::string& executable, const std::vector<std::str
 
 std::vector<InstalledApplication> LinuxDevice::listApplications() {
     auto applications = findApplications(root_);
-    // A host without a page on screen does without the desktop's, whose library takes longer to load than all
-    // that `prismo2 get` does.
-    const bool isWanted = applications.empty() && companions() != Companions::none;
-    auto* desktop = isWanted ? desktop_.service() : nullptr;
+    // Loading the desktop's library takes longer than all that `prismo2 get` does.
+    const bool needsDesktop = applications.empty() && companions_ != Companions::none;
+    auto* desktop = needsDesktop ? desktop_.service() : nullptr;
     if (!desktop) return applications;
     applications = desktop->applications();
     std::erase_if(applications,
                   [](const auto& each) { return !isApplicationIdentifier(each.displayIdentifier); });
     desktopIcons_.adopt(applications);
     return applications;
-}
-
-std::optional<Data> LinuxDevice::readFile(const std::string& path) {
-    if (desktopIcons_.holds(path)) return desktopIcons_.read(path);
-    auto bytes = files_.readBytes(path);
-    return bytes ? std::move(bytes) : readBaseLayer(path);
-}
-
-std::optional<Data> LinuxDevice::readBaseLayer(const std::string& path) {
-    const auto directory = baseLayerDirectory();
-    if (::access(directory.c_str(), X_OK) != 0) return std::nullopt;
-    const DeviceRoot base(directory);
-    return PropertyListFiles(base,
-                             [this](FileProblem::Kind kind, std::string where, std::string cause) {
-                                 report(kind, std::move(where), std::move(cause));
-                             })
-        .readBytes(path);
 }
 
 bool LinuxDevice::canOpen(const std::string& url) {
@@ -149,8 +162,7 @@ bool LinuxDevice::open(const std::string& url) {
 }
 
 void LinuxDevice::requestAccountAccess(std::function<void(bool)> completion) {
-    if (auto problem = accounts_.requestAccess(awaited(std::move(completion))))
-        report(problem->kind, std::move(problem->path), std::move(problem->cause));
+    succeeded(accounts_.requestAccess(awaited(std::move(completion))));
 }
 
 void LinuxDevice::send(const AccountRequest& request, std::function<void(int)> completion) {
@@ -164,12 +176,11 @@ std::function<void(Answer)> LinuxDevice::awaited(std::function<void(Answer)> com
     };
 }
 
-void LinuxDevice::reportLibrary(const std::string& path, const std::string& cause) {
-    // Links and requests come from every thread, problems from the loop's only.
+void LinuxDevice::reportFromAnyThread(const Problem& problem) {
     if (std::this_thread::get_id() == thread_)
-        report(FileProblem::Kind::unreadable, path, cause);
+        report(problem);
     else
-        runLoop_.perform([=, this] { report(FileProblem::Kind::unreadable, path, cause); });
+        runLoop_.perform([this, problem] { report(problem); });
 }
 
 } // namespace prismo

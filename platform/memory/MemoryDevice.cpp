@@ -37,15 +37,18 @@ void MemoryDevice::setWallClock(std::chrono::system_clock::time_point date) {
 
 std::optional<Dictionary> MemoryDevice::readPropertyList(const std::string& path) {
     ++propertyListReads_[path];
-    if (const auto& cause = causeFor(readFailures_, path); !cause.empty()) {
-        report(FileProblem::Kind::unreadable, path, cause);
-        return std::nullopt;
-    }
+    if (failsToRead(path)) return std::nullopt;
     const auto found = files_.find(path);
     if (found == files_.end()) return original_ ? original_->readPropertyList(path) : std::nullopt;
     if (const auto* dictionary = std::get_if<Dictionary>(&found->second)) return *dictionary;
-    report(FileProblem::Kind::malformed, path, "not a property list");
+    report({Problem::Kind::malformed, path, "not a property list"});
     return std::nullopt;
+}
+
+bool MemoryDevice::failsToRead(const std::string& path) {
+    const auto& cause = causeFor(readFailures_, path);
+    if (!cause.empty()) report({Problem::Kind::unreadable, path, cause});
+    return !cause.empty();
 }
 
 std::optional<Data> MemoryDevice::readFile(const std::string& path) {
@@ -65,28 +68,31 @@ void MemoryDevice::setApplications(std::vector<InstalledApplication> application
     refreshApplications();
 }
 
-bool MemoryDevice::write(const std::string& path, const Dictionary& dictionary, WriteMode /*mode*/) {
-    if (const auto& cause = causeFor(writeFailures_, path); !cause.empty()) {
-        report(FileProblem::Kind::unwritable, path, cause);
-        return false;
-    }
+Result<> MemoryDevice::write(const std::string& path, const Dictionary& dictionary, WriteMode /*mode*/) {
+    if (const auto& cause = causeFor(writeFailures_, path); !cause.empty())
+        return Problem{Problem::Kind::unwritable, path, cause};
     files_[path] = dictionary;
-    return true;
+    return Done{};
 }
 
-bool MemoryDevice::post(const std::string& name) {
-    if (postsFail_) return false;
-    if (!observed_.contains(name) || !pending_.insert(name).second) return true;
+Result<> MemoryDevice::post(const std::string& name) {
+    if (postsFail_) return Problem{Problem::Kind::notPosted, name, "Posts fail"};
+    if (!observed_.contains(name) || !pending_.insert(name).second) return Done{};
     runLoop_.perform([this, name] {
         pending_.erase(name);
         systemCenter().deliver(name);
     });
-    return true;
+    return Done{};
 }
 
-std::optional<std::string> MemoryDevice::run(const std::string& executable,
-                                             const std::vector<std::string>& arguments) {
-    if (tasksFail_) return std::nullopt;
+Result<> MemoryDevice::observe(const std::string& name) {
+    observed_.insert(name);
+    return Done{};
+}
+
+Result<std::string> MemoryDevice::run(const std::string& executable,
+                                      const std::vector<std::string>& arguments) {
+    if (tasksFail_) return Problem{Problem::Kind::notStarted, executable, "Tasks fail"};
     return taskOutput_ ? taskOutput_(executable, arguments) : "";
 }
 

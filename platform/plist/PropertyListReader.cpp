@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <plist/plist.h>
 #include <string>
 #include <string_view>
@@ -32,7 +33,7 @@ struct FreeMemory {
 using Node = std::unique_ptr<void, FreeNode>;
 using Memory = std::unique_ptr<char, FreeMemory>;
 
-/// Numbers in files have a point, whatever the host has told the C library of the person's language.
+/// Numbers in files have a decimal point, even if the host has set a locale with another separator.
 class PointForDecimals {
   public:
     PointForDecimals() {
@@ -53,7 +54,8 @@ class PointForDecimals {
     locale_t previous_ = nullptr;
 };
 
-/// The number in the node's own file: a header of eight bytes, a marker, and eight bytes, big end first.
+/// The number as the library writes it in a binary file: a header of eight bytes, a marker, and eight bytes
+/// in big-endian order.
 std::uint64_t storedNumber(plist_t node) {
     char* bytes = nullptr;
     std::uint32_t size = 0;
@@ -65,7 +67,7 @@ std::uint64_t storedNumber(plist_t node) {
     return number;
 }
 
-/// What stands inside `tag` in the node's own XML file.
+/// The text after `tag` in the XML file that the library writes for the node.
 std::string writtenText(plist_t node, std::string_view tag) {
     char* bytes = nullptr;
     std::uint32_t size = 0;
@@ -81,12 +83,13 @@ Value integer(plist_t node) {
     ::plist_get_uint_val(node, &value);
     const auto number = static_cast<std::int64_t>(value);
     if (number >= 0) return number;
-    // Negative, or too large for a signed integer. Only some versions of the library have a function that
-    // says which, but all of them write the sign.
+    // It is negative, or too large for a signed integer. Only some versions of the library have a function
+    // that says which, but all of them write the sign.
     return writtenText(node, "<integer>").starts_with('-') ? Value(number) : Value(value);
 }
 
-/// The date in the node's own XML file. Making a binary one takes a table of 32 KiB each time.
+/// The date in the XML file that the library writes for the node. A binary file would take a table of 32 KiB
+/// each time.
 Date writtenDate(plist_t node) {
     int year = 0;
     std::array<unsigned, 5> parts{};
@@ -105,7 +108,7 @@ class Copier {
     enum class Format { xml, binary };
     explicit Copier(Format format) : format_(format) {}
 
-    /// Did the file hold nothing that the library cannot tell faithfully?
+    /// Could the library reproduce everything in the file faithfully?
     bool isFaithful() const { return isFaithful_; }
 
     Dictionary dictionary(plist_t node) {
@@ -120,7 +123,7 @@ class Copier {
             const Memory key(name);
             if (!child) return result;
             std::string text(checked(name));
-            // A file of this system has its keys in order.
+            // A file that this system wrote has its keys in order.
             const auto place = result.empty() || std::prev(result.end())->first < text
                                    ? result.end()
                                    : result.lower_bound(text);
@@ -128,7 +131,7 @@ class Copier {
         }
     }
 
-    /// The values under these keys, as far as there are any.
+    /// The values under these keys, if there are any.
     Dictionary dictionary(plist_t node, std::span<const char* const> keys) {
         Dictionary result;
         for (const char* key : keys)
@@ -187,7 +190,7 @@ class Copier {
         std::int32_t seconds = 0;
         std::int32_t microseconds = 0;
         ::plist_get_date_val(node, &seconds, &microseconds);
-        // The getter has no more than 32 bits for the seconds, and drops what is below a microsecond.
+        // The getter has only 32 bits for the seconds, and drops anything below a microsecond.
         constexpr std::int32_t safe = std::numeric_limits<std::int32_t>::max() - 1;
         if (microseconds == 0 && seconds > -safe && seconds < safe) return {static_cast<double>(seconds)};
         if (format_ == Format::xml) return writtenDate(node);
@@ -229,9 +232,8 @@ std::string_view textOf(std::span<const std::uint8_t> bytes) {
 
 bool isBinary(std::string_view text) { return text.starts_with("bplist"); }
 
-/// Calls `copy` with a copier and the dictionary that a safe file holds.
-template <typename Copy>
-std::optional<Dictionary> copied(std::string_view text, const Copy& copy) {
+/// Our copy of the dictionary in a safe file, or of the values of these keys.
+std::optional<Dictionary> copied(std::string_view text, std::optional<std::span<const char* const>> keys) {
     const PointForDecimals point;
     plist_t read = nullptr;
     const auto size = static_cast<std::uint32_t>(text.size());
@@ -242,12 +244,12 @@ std::optional<Dictionary> copied(std::string_view text, const Copy& copy) {
     const Node root(read);
     if (!root || ::plist_get_node_type(read) != PLIST_DICT) return {};
     Copier copier(isBinary(text) ? Copier::Format::binary : Copier::Format::xml);
-    Dictionary dictionary = copy(copier, read);
+    auto dictionary = keys ? copier.dictionary(read, *keys) : copier.dictionary(read);
     return copier.isFaithful() ? std::optional(std::move(dictionary)) : std::nullopt;
 }
 
-/// A file with these keys alone, as far as there are any; nothing where that is not to be told from the keys
-/// as they are written.
+/// A file with only these of the entries. Returns nullopt if the keys as they are written do not show which
+/// entries those are.
 std::optional<std::string> withKeys(std::span<const char* const> keys, std::span<const XmlEntry> entries) {
     std::string text = "<plist><dict>";
     for (const auto& entry : entries) {
@@ -258,34 +260,32 @@ std::optional<std::string> withKeys(std::span<const char* const> keys, std::span
     return text.append("</dict></plist>");
 }
 
-} // namespace
-
-std::variant<Dictionary, Refusal> parseDictionary(std::span<const std::uint8_t> bytes) {
+Result<Dictionary> parse(std::span<const std::uint8_t> bytes,
+                         std::optional<std::span<const char* const>> keys, const std::string& path) {
     const auto text = textOf(bytes);
-    const auto verdict = isBinary(text) ? judgeBinary(bytes) : judgeXml(text);
-    if (verdict == Verdict::beyondLimits) return Refusal::beyondLimits;
-    if (verdict == Verdict::malformed) return Refusal::malformed;
-    auto dictionary = copied(text, [](Copier& copier, plist_t root) { return copier.dictionary(root); });
-    if (!dictionary) return Refusal::malformed;
+    std::vector<XmlEntry> entries;
+    const auto verdict = isBinary(text) ? judgeBinary(bytes) : judgeXml(text, keys ? &entries : nullptr);
+    if (verdict == Verdict::beyondLimits)
+        return Problem{Problem::Kind::unreadable, path, "More than a property list may hold here"};
+    std::optional<Dictionary> dictionary;
+    if (verdict == Verdict::safe) {
+        // The library compares each key with all before it, and makes three blocks of memory for each value.
+        const auto shorter = keys && !isBinary(text) ? withKeys(*keys, entries) : std::nullopt;
+        dictionary = copied(shorter ? std::string_view(*shorter) : text, keys);
+    }
+    if (!dictionary) return Problem{Problem::Kind::malformed, path, "No property-list dictionary"};
     return std::move(*dictionary);
 }
 
-std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes) {
-    auto parsed = parseDictionary(bytes);
-    auto* dictionary = std::get_if<Dictionary>(&parsed);
-    return dictionary ? std::optional(std::move(*dictionary)) : std::nullopt;
+} // namespace
+
+Result<Dictionary> parseDictionary(std::span<const std::uint8_t> bytes, const std::string& path) {
+    return parse(bytes, std::nullopt, path);
 }
 
-std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes,
-                                         std::span<const char* const> keys) {
-    const auto text = textOf(bytes);
-    const auto copy = [keys](Copier& copier, plist_t root) { return copier.dictionary(root, keys); };
-    if (isBinary(text)) return judgeBinary(bytes) == Verdict::safe ? copied(text, copy) : std::nullopt;
-    std::vector<XmlEntry> entries;
-    if (judgeXml(text, &entries) != Verdict::safe) return {};
-    // The library compares each key with all before it, and makes three blocks of memory of each value.
-    const auto shorter = withKeys(keys, entries);
-    return copied(shorter ? std::string_view(*shorter) : text, copy);
+Result<Dictionary> parseDictionary(std::span<const std::uint8_t> bytes, std::span<const char* const> keys,
+                                   const std::string& path) {
+    return parse(bytes, keys, path);
 }
 
 } // namespace prismo

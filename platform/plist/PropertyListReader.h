@@ -1,31 +1,25 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/foundation/Value.h"
 
 #include <cstdint>
-#include <optional>
 #include <span>
-#include <variant>
+#include <string>
 
 namespace prismo {
 
-/// The dictionary in the bytes of a property-list file, XML or binary, which the bytes themselves tell.
+/// The dictionary in the bytes of a property-list file, XML or binary, which the bytes themselves show.
 ///
-/// Nothing where they hold anything else: another kind at the top, a file that was cut, damaged or made to do
-/// harm, or one beyond the limits of PropertyListGuard.h. All text in the result is UTF-8 without NUL. In XML
-/// a dictionary of nothing but an integer under "CF$UID" stands for a `Uid`.
-std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes);
-/// The same with the values of these keys alone, for who reads little of many files.
-std::optional<Dictionary> readDictionary(std::span<const std::uint8_t> bytes,
-                                         std::span<const char* const> keys);
-
-/// Why bytes are no dictionary here.
-enum class Refusal {
-    malformed,
-    /// What comes before a limit was in order. The rest is not looked at.
-    beyondLimits,
-};
-/// The same, told apart.
-std::variant<Dictionary, Refusal> parseDictionary(std::span<const std::uint8_t> bytes);
+/// Fails as malformed if they hold anything else: another kind at the top, or a file that was cut, damaged or
+/// crafted to do harm. Fails as unreadable if they are beyond the limits of PropertyListGuard.h; what comes
+/// before the limit was in order, and the rest was not looked at. `path` is for the problem.
+///
+/// All text in the result is UTF-8 without NUL. In XML, a dictionary that has only an integer under "CF$UID"
+/// is a `Uid`.
+Result<Dictionary> parseDictionary(std::span<const std::uint8_t> bytes, const std::string& path);
+/// The same with only the values of these keys, for a caller that needs little of many files.
+Result<Dictionary> parseDictionary(std::span<const std::uint8_t> bytes, std::span<const char* const> keys,
+                                   const std::string& path);
 
 } // namespace prismo

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 namespace prismo {
 
@@ -47,9 +48,7 @@ class XmlWriter {
             [&](const Data& held) { data(depth, held); },
             [&](const Array& held) { array(depth, held); },
             [&](const Dictionary& held) { dictionary(depth, held); },
-            [&](Uid held) {
-                dictionary(depth, {{"CF$UID", held.index}});
-            },
+            [&](Uid held) { uid(depth, held); },
             [&](const auto&) { cause = "a value that no property list holds"; },
         });
     }
@@ -65,6 +64,7 @@ class XmlWriter {
     }
 
     std::string result;
+    /// Why it cannot be written, in words; empty if it can.
     std::string cause;
 
   private:
@@ -117,6 +117,11 @@ class XmlWriter {
         result += "</data>\n";
     }
 
+    void uid(int depth, Uid held) {
+        const Dictionary reference{{"CF$UID", held.index}};
+        dictionary(depth, reference);
+    }
+
     void array(int depth, const Array& values) {
         if (values.empty()) return line(depth, "<array/>");
         line(depth, "<array>");
@@ -128,7 +133,10 @@ class XmlWriter {
 
 } // namespace
 
-std::variant<std::string, Unwritable> xmlText(const Dictionary& dictionary) {
+Result<std::string> xmlText(const Dictionary& dictionary, const std::string& path) {
+    const auto unwritable = [&](std::string cause) {
+        return Problem{Problem::Kind::unwritable, path, std::move(cause)};
+    };
     XmlWriter writer;
     writer.result = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -136,9 +144,9 @@ std::variant<std::string, Unwritable> xmlText(const Dictionary& dictionary) {
                     "<plist version=\"1.0\">\n";
     writer.dictionary(0, dictionary);
     writer.result += "</plist>\n";
-    if (!writer.cause.empty()) return Unwritable{writer.cause};
+    if (!writer.cause.empty()) return unwritable(writer.cause);
     if (judgeXml(writer.result) != Verdict::safe)
-        return Unwritable{"more than a property list may hold here"};
+        return unwritable("more than a property list may hold here");
     return std::move(writer.result);
 }
 

@@ -2,7 +2,6 @@
 
 #include "platform/uikit/graphics/UIImage.h"
 
-#include <stdexcept>
 #include <utility>
 
 namespace prismo::settings {
@@ -50,11 +49,9 @@ std::shared_ptr<PSSpecifierList> BundleListController::specifiers() {
 }
 
 void BundleListController::openBundle(const std::shared_ptr<PSSpecifier>& row) {
-    try {
-        row->setDetailControllerClass(&load_(row->identifier()));
-    } catch (const std::runtime_error& error) {
-        return complain_(error.what());
-    }
+    const auto principal = load_(row->identifier());
+    if (!principal) return complain_(principal.problem().text());
+    row->setDetailControllerClass(principal.value());
     openDetailPage(row);
 }
 

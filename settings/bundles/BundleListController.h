@@ -2,6 +2,7 @@
 
 #include "settings/bundles/PreferenceEntries.h"
 
+#include "platform/foundation/Result.h"
 #include "platform/preferences/PSListController.h"
 
 #include <functional>
@@ -17,8 +18,8 @@ class BundleListController : public PSListController {
     static const Class& classObject();
     const Class& isa() const override { return classObject(); }
 
-    /// Loads a bundle and returns its principal class; throws std::runtime_error where it cannot.
-    using Load = std::function<const Class&(const std::string& bundle)>;
+    /// Loads a bundle and returns its principal class.
+    using Load = std::function<Result<const Class*>(const std::string& bundle)>;
     /// Is told why a bundle did not open.
     using Complain = std::function<void(const std::string& why)>;
     static std::shared_ptr<BundleListController>

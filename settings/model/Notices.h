@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/foundation/Device.h"
+#include "platform/foundation/ProblemList.h"
 
 #include <optional>
 #include <QAbstractListModel>
@@ -9,16 +9,16 @@
 
 namespace prismo::settings {
 
-/// What the person has to be told, because the framework is silent about it: each problem once; it stands
-/// until it is dismissed. A write that fails again is said again, but one whose post fails for the same cause
-/// is told as one.
+/// What the person needs to know, because the framework is silent about it. Each problem appears once, and
+/// stays until the person dismisses it. A write that fails again appears again. A problem that another notice
+/// explains does not appear, or goes when that notice comes.
 class Notices : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The screen has them")
 
   public:
-    void add(const FileProblem& problem);
+    void add(const Problem& problem);
     void add(const QString& headline, const QString& text);
     Q_INVOKABLE void dismiss(int row);
 
@@ -30,15 +30,17 @@ class Notices : public QAbstractListModel {
     struct Notice {
         QString headline;
         QString text;
-        std::optional<FileProblem> problem;
+        std::optional<Problem> problem;
         bool operator==(const Notice&) const = default;
     };
     void show(const Notice& notice);
-    /// A change that could not be written is not made known either, and both have the same cause.
-    bool isToldWithWrite(const FileProblem& problem) const;
+    void removeExplained();
 
-    std::vector<Notice> shown_;
-    std::vector<FileProblem> said_;
+    std::vector<Notice> notices_;
+    /// The problems of these notices.
+    ProblemList shown_;
+    /// All problems so far.
+    ProblemList known_;
 };
 
 } // namespace prismo::settings

@@ -22,15 +22,11 @@ std::string environment(const char* name) {
 
 /// Nothing where there is no root, which the window says.
 std::optional<struct stat> rootStatus(const Options& options) {
-    struct stat status {};
-    try {
-        const auto root = DeviceRootPath::choose(options.root);
-        root.makeIfDefault();
-        if (::stat(root.path().c_str(), &status) == 0) return status;
-    } catch (const std::runtime_error&) {
-        return std::nullopt;
-    }
-    return std::nullopt;
+    const auto root = DeviceRootPath::choose(options.root);
+    if (!root || !root.value().makeIfDefault()) return std::nullopt;
+    struct stat status = {};
+    if (::stat(root.value().path().c_str(), &status) != 0) return std::nullopt;
+    return status;
 }
 
 /// Leaves nothing where it cannot be found out whether there is a window: that is no reason to show none.
@@ -53,9 +49,7 @@ int run(const std::vector<std::string>& arguments) {
     if (const auto root = rootStatus(options)) claim(instance, *root);
     if (instance && !instance->isFirst()) return 0;
 
-    std::error_code error;
-    const auto program = runningProgram(error);
-    if (error) throw std::system_error(error, "/proc/self/exe");
+    const auto program = valueOrThrow(runningProgram());
     Supervisor::Command window{(program.parent_path() / PRISMO_WINDOW).lexically_normal(), arguments, -1};
     if (instance) {
         window.inherited = instance->requests();

@@ -35,8 +35,8 @@ QList<QRect> screenPlaces() {
 Session::Session(const Options& options) : place_(stateFile()) {
     QString failure;
     try {
-        const auto root = DeviceRootPath::choose(options.root);
-        root.makeIfDefault();
+        const auto root = valueOrThrow(DeviceRootPath::choose(options.root));
+        valueOrThrow(root.makeIfDefault());
         openDevice(root.path());
     } catch (const std::runtime_error& error) {
         failure = error.what();
@@ -75,7 +75,7 @@ void Session::openDevice(const std::string& rootPath) {
     UIApplication::restart();
     phone_.emplace(Phone::Start{QString::fromStdString(rootPath), stateFile()});
     auto* notices = phone_->notices();
-    device_->setProblemObserver([notices](const FileProblem& problem) { notices->add(problem); });
+    device_->setProblemObserver([notices](const Problem& problem) { notices->add(problem); });
     phone_->open(BundleListController::initWithEntries(
         findPreferenceEntries(*device_), rootPath, loadPreferenceBundle, [notices](const std::string& why) {
             notices->add(Notices::tr("Cannot Be Opened"), QString::fromStdString(why));

@@ -130,7 +130,7 @@ class Malformed(Unread):
             for options in [], ["--json"]:
                 done = self.run_command("--dry-run", *options, *words)
                 self.assertEqual(done.returncode, 0, words)
-                self.assertIn(f"{NAME}: Was no property list and would be replaced",
+                self.assertIn(f"{NAME}: Was not a property list and would be replaced",
                               self.complaint(done.stderr))
                 self.assertIn("write", done.stdout)
         self.assertEqual(self.settings_path.read_bytes(), self.bytes)

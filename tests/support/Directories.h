@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+#include "platform/local/descriptors/SystemProblem.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <fcntl.h>
@@ -12,10 +14,12 @@
 namespace prismo {
 
 /// Returns a function that opens the directory, creating it first if it is missing.
-inline std::function<UniqueFd()> opener(std::filesystem::path path) {
-    return [path = std::move(path)] {
+inline std::function<Result<UniqueFd>()> opener(std::filesystem::path path) {
+    return [path = std::move(path)]() -> Result<UniqueFd> {
         ::mkdir(path.c_str(), 0700);
-        return UniqueFd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        UniqueFd opened(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (!opened) return readProblem(path);
+        return opened;
     };
 }
 

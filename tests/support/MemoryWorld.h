@@ -18,7 +18,7 @@ class TestDevice : public MemoryDevice {
     std::vector<WriteMode> writeModes;
 
   protected:
-    bool write(const std::string& path, const Dictionary& dictionary, WriteMode mode) override {
+    Result<> write(const std::string& path, const Dictionary& dictionary, WriteMode mode) override {
         writeModes.push_back(mode);
         return MemoryDevice::write(path, dictionary, mode);
     }

@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::string_view bundleSuffix = ".app";
 
-/// What of "Info.plist" tells of an application.
+/// The keys of "Info.plist" that are read here.
 constexpr const char* identifierKey = "CFBundleIdentifier";
 constexpr const char* displayNameKey = "CFBundleDisplayName";
 constexpr const char* nameKey = "CFBundleName";
@@ -35,12 +35,12 @@ constexpr const char* iconFileKey = "CFBundleIconFile";
 constexpr std::array keys{identifierKey, displayNameKey, nameKey,    tagsKey,
                           iconsKey,      iconFilesKey,   iconFileKey};
 
-/// An open directory of the device. Names in it are looked up there, which is much shorter than the way from
-/// the root; only what may lead elsewhere takes that.
+/// An open directory of the device. Looking a name up in it is much faster than going from the root, which
+/// happens only if the name may lead elsewhere.
 class Directory {
   public:
     Directory(const DeviceRoot& root, std::string path, int flags)
-        : root_(root), path_(std::move(path)), descriptor_(root.open(path_, flags | O_DIRECTORY)) {}
+        : root_(root), path_(std::move(path)), descriptor_(openFromRoot(path_, flags | O_DIRECTORY)) {}
     Directory(const Directory& above, const std::string& name, int flags)
         : root_(above.root_), path_(above.pathOf(name)), descriptor_(above.open(name, flags | O_DIRECTORY)) {}
 
@@ -50,10 +50,10 @@ class Directory {
     UniqueFd open(const std::string& name, int flags) const {
         if (isInside(name)) {
             UniqueFd opened(::openat(descriptor_.get(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC));
-            // With these flags a link is no directory, else it is one link too many.
+            // These flags turn a link into "not a directory" or "too many links".
             if (opened || (errno != ELOOP && errno != ENOTDIR)) return opened;
         }
-        return root_.open(pathOf(name), flags);
+        return openFromRoot(pathOf(name), flags);
     }
 
     UniqueFd openRegular(const std::string& name, struct stat& status) const {
@@ -62,13 +62,13 @@ class Directory {
         return file;
     }
 
-    /// False where there is no such name for certain.
+    /// False if there is certainly no such name.
     bool mayHave(const std::string& name) const {
         return !isInside(name) ||
                ::faccessat(descriptor_.get(), name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
     }
 
-    /// In byte order, without those that begin with a dot.
+    /// All names that do not start with a dot, in byte order.
     std::vector<std::string> names() const {
         std::vector<std::string> result;
         forEachName(descriptor_.get(), [&](const char* name) {
@@ -79,6 +79,11 @@ class Directory {
     }
 
   private:
+    /// Empty on failure: a broken bundle is left out, for whatever reason.
+    UniqueFd openFromRoot(const std::string& path, int flags) const {
+        auto opened = root_.open(path, flags);
+        return opened ? std::move(opened).value() : UniqueFd();
+    }
     static bool isInside(std::string_view name) {
         return name.find_first_of(notInNames) == std::string_view::npos;
     }
@@ -89,9 +94,9 @@ class Directory {
     UniqueFd descriptor_;
 };
 
-/// The width of a PNG image in pixels, 0 where the file is missing or is none.
+/// The width of a PNG image in pixels, or 0 if the file is missing or not a PNG image.
 std::uint32_t imageWidth(const Directory& directory, const std::string& name) {
-    struct stat status {};
+    struct stat status = {};
     const auto file = directory.openRegular(name, status);
     std::array<std::uint8_t, 64> start{};
     const auto size = file ? ::read(file.get(), start.data(), start.size()) : 0;
@@ -116,7 +121,7 @@ std::vector<std::string> iconNames(const Dictionary& info) {
     return result;
 }
 
-/// The largest image among the files that the names may mean, the first of equal ones.
+/// The largest image among the files that the names may mean, or the first of several that are equally large.
 std::string iconPath(const Directory& bundle, const Dictionary& info) {
     std::string best;
     std::uint32_t width = 0;
@@ -125,7 +130,7 @@ std::string iconPath(const Directory& bundle, const Dictionary& info) {
         // The largest first.
         for (const char* variant : {"@3x", "@3x~iphone", "@2x", "@2x~iphone", "", "~iphone"}) {
             const auto file = std::string(name) + variant + ".png";
-            // Most of what is tried is missing.
+            // Most of these files do not exist.
             const auto found = bundle.mayHave(file) ? imageWidth(bundle, file) : 0;
             if (found == 0) continue;
             if (found > width) {
@@ -161,14 +166,16 @@ class Finder {
 
   private:
     void add(const Directory& bundle, const std::string& folder, bool isSystem) {
-        struct stat status {};
+        struct stat status = {};
         const auto file = bundle ? bundle.openRegular("Info.plist", status) : UniqueFd();
-        if (!file || !readAll(file.get(), status, maximumPropertyListSize, bytes_)) return;
-        const auto info = readDictionary(bytes_, keys);
-        if (!info || isHidden(*info)) return;
-        const auto& identifier = valueForKey(*info, identifierKey).text();
+        const auto path = bundle.pathOf("Info.plist");
+        if (!file || !readStart(file.get(), status, maximumPropertyListSize, bytes_, path)) return;
+        const auto parsed = parseDictionary(bytes_, keys, path);
+        if (!parsed || isHidden(parsed.value())) return;
+        const auto& info = parsed.value();
+        const auto& identifier = valueForKey(info, identifierKey).text();
         if (!isApplicationIdentifier(identifier) || !identifiers_.insert(identifier).second) return;
-        result.push_back({identifier, displayName(*info, folder), isSystem, iconPath(bundle, *info)});
+        result.push_back({identifier, displayName(info, folder), isSystem, iconPath(bundle, info)});
     }
 
     std::set<std::string> identifiers_;
@@ -178,7 +185,7 @@ class Finder {
 } // namespace
 
 bool isApplicationIdentifier(std::string_view text) {
-    // It becomes a part of keys, which a settings file has to be able to hold.
+    // It becomes part of a key, which a settings file must be able to hold.
     return !text.empty() && isPlainUtf8(text) && isXmlText(text);
 }
 

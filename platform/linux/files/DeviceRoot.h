@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -11,63 +11,72 @@ namespace prismo {
 
 /// The directory of this machine that stands for the device's "/".
 ///
-/// Takes the device's own absolute paths and never leaves the directory: a link, absolute or not, is followed
-/// as it would be on the device. Operations fail with errno set, as system calls do.
+/// Takes the device's own absolute paths and never leaves the directory: it follows a link, absolute or not,
+/// as the device would. Problems name paths on this machine.
 class DeviceRoot {
   public:
     /// Who follows the links.
     enum class Resolution {
-        /// The kernel, where it offers that; else this process.
+        /// The kernel if it can, else this process.
         kernel,
         /// This process, one component at a time.
         walk,
     };
 
-    /// Throws std::system_error, naming the host path, where that is no directory or cannot be opened.
-    explicit DeviceRoot(std::string hostPath, Resolution resolution = Resolution::kernel);
+    /// The root in that directory. Fails as missing, or as unreadable if it is not a directory or cannot be
+    /// opened.
+    static Result<DeviceRoot> at(std::string hostPath, Resolution resolution = Resolution::kernel);
 
-    /// The path on this machine, as a person would name it.
+    /// The path on this machine, as a person would write it.
     std::string hostPath(std::string_view path) const;
 
-    /// Opens with these flags, and O_CLOEXEC. A link in the last place is followed; a new file gets `mode`
-    /// less the process' umask.
-    UniqueFd open(const std::string& path, int flags, mode_t mode = 0) const;
+    /// Opens with these flags and O_CLOEXEC. Follows a link at the end of the path. A new file gets `mode`
+    /// minus the umask of the process. Fails as missing or unreadable.
+    Result<UniqueFd> open(const std::string& path, int flags, mode_t mode = 0) const;
 
     /// A name in an open directory.
     struct Place {
         UniqueFd directory;
         std::string name;
+        /// The path on this machine that led here, for problems.
+        std::string path;
     };
-    /// Where the file stands, or would stand, once a link in the last place is followed. The directory can be
-    /// read and synchronised. Nothing where there is no such directory, or where the path names one by ending
-    /// in "/", "." or "..".
-    std::optional<Place> place(const std::string& path) const;
+    /// Where the file is, or would be, after following a link at the end of the path. The directory can be
+    /// read and synced. Fails (unwritable) if there is no such directory, or if the path names a directory by
+    /// ending in "/", "." or "..".
+    Result<Place> place(const std::string& path) const;
 
-    /// Makes the directories that the file at `path` needs, if that is below "/User" or "/var/mobile", mode
-    /// 0755; other paths stay as they are. A root without "User" gets it as a link to "var/mobile", since on
-    /// the device both names mean one directory. What is made is on the disk.
-    bool makeParents(const std::string& path) const;
-    /// Makes the directory and those above it, wherever they are. One that exists is left as it is.
-    bool makeDirectories(const std::string& path, mode_t mode) const;
+    /// Makes the directories that the file at `path` needs, mode 0755, if it is below "/User" or
+    /// "/var/mobile"; does nothing for other paths. A root without "User" gets it as a link to "var/mobile",
+    /// since both names mean one directory on the device. What this makes is on the disk.
+    Result<> makeParents(const std::string& path) const;
+    /// Makes the directory and its parents, anywhere in the root. Leaves existing ones as they are.
+    Result<> makeDirectories(const std::string& path, mode_t mode) const;
 
-    /// Would `makeParents` make what the file lacks? No, with errno ENOENT, where it lacks nothing.
-    bool couldMakeParents(const std::string& path) const;
-    /// Would `makeDirectories` make the missing directory, as far as permissions tell?
-    bool couldMakeDirectories(const std::string& path) const;
+    /// Would `makeParents` make missing directories? Fails if it could not make them.
+    Result<bool> couldMakeParents(const std::string& path) const;
+    /// Could `makeDirectories` make the missing directory, judging by permissions?
+    Result<> couldMakeDirectories(const std::string& path) const;
 
   private:
+    DeviceRoot(std::string hostPath, Resolution resolution, UniqueFd directory);
+
+    // These fail as system calls do: the descriptor is empty, or the result is false, and errno is set.
+    UniqueFd openHere(const std::string& path, int flags, mode_t mode = 0) const;
     UniqueFd walk(const std::string& path, int flags, mode_t mode) const;
-    bool makeDirectories(const std::string& path, mode_t mode, int& linksLeft) const;
+    bool makeHere(const std::string& path, mode_t mode, int& linksLeft) const;
+    bool couldMakeHere(const std::string& path) const;
     bool sync(const std::string& path) const;
     void makeHome() const;
+    Problem unwritable(const std::string& path) const;
 
     std::string hostPath_;
     Resolution resolution_;
     UniqueFd directory_;
 };
 
-/// Makes the directory (mode 0700, parents included) with what an empty device has: the home of its user
-/// under both names, "Applications" and "var/run". What exists stays. Throws std::system_error.
-void makeDefaultDeviceRoot(const std::string& hostPath);
+/// Makes the directory (mode 0700, with its parents) and what an empty device has: the user's home under both
+/// names, "Applications" and "var/run". Leaves existing directories as they are.
+Result<> makeDefaultDeviceRoot(const std::string& hostPath);
 
 } // namespace prismo

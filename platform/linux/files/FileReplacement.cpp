@@ -2,6 +2,7 @@
 
 #include "platform/linux/files/TemporaryFile.h"
 #include "platform/local/descriptors/FileBytes.h"
+#include "platform/local/descriptors/SystemProblem.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -11,54 +12,72 @@ namespace prismo {
 
 namespace {
 
+using Kind = Problem::Kind;
+using Reached = Writing::Reached;
+
 constexpr mode_t newFileMode = 0644;
 constexpr mode_t permissions = 07777;
 
-Writing failure(Writing::Reached reached) { return {reached, errno, {}}; }
+Problem unwritable(const DeviceRoot::Place& place) { return systemProblem(Kind::unwritable, place.path); }
 
-/// The file has its bytes; how safe are they?
-Writing written(int file, bool isSynced) {
-    Writing result{isSynced ? Writing::Reached::disk : Writing::Reached::file, isSynced ? 0 : errno, {}};
+/// The file has its bytes. How safe they are depends on `isSynced`; if it is false, errno says why.
+Writing written(const DeviceRoot::Place& place, int file, bool isSynced) {
+    Writing result;
+    result.reached = isSynced ? Reached::disk : Reached::file;
+    if (!isSynced) {
+        result.problem = systemProblem(Kind::unsynced, place.path);
+        result.problem->cause = "Written, but perhaps not to the disk: " + result.problem->cause;
+    }
     ::fstat(file, &result.status);
     return result;
+}
+
+Result<> give(const DeviceRoot::Place& place, int file, const struct stat* old) {
+    struct stat status = {};
+    if (::fstat(file, &status) != 0) return unwritable(place);
+    const bool isOthers = old && (old->st_uid != status.st_uid || old->st_gid != status.st_gid);
+    if (isOthers && ::fchown(file, old->st_uid, old->st_gid) != 0) return unwritable(place);
+    if (::fchmod(file, old ? old->st_mode & permissions : newFileMode) != 0) return unwritable(place);
+    return Done{};
+}
+
+Result<> fill(const DeviceRoot::Place& place, int file, bool isNew, std::string_view bytes) {
+    if (isNew && ::fchmod(file, newFileMode) != 0) return unwritable(place);
+    if (auto all = writeAll(file, bytes, place.path); !all) return all;
+    if (::ftruncate(file, static_cast<off_t>(bytes.size())) != 0) return unwritable(place);
+    return Done{};
 }
 
 } // namespace
 
 Writing replaceFile(const DeviceRoot::Place& place, const struct stat* old, std::string_view bytes) {
-    const int directory = place.directory.get();
-    TemporaryFile file(directory);
-    struct stat status {};
-    if (!file || ::fstat(file.descriptor(), &status) != 0) return failure(Writing::Reached::nothing);
-    const bool isOthers = old && (old->st_uid != status.st_uid || old->st_gid != status.st_gid);
-    const bool isReplaced =
-        writeAll(file.descriptor(), bytes) &&
-        (!isOthers || ::fchown(file.descriptor(), old->st_uid, old->st_gid) == 0) &&
-        ::fchmod(file.descriptor(), old ? old->st_mode & permissions : newFileMode) == 0 &&
-        file.replace(place.name);
-    if (!isReplaced) return failure(Writing::Reached::nothing);
-    return written(file.descriptor(), syncDirectory(directory));
+    auto made = TemporaryFile::make(place.directory.get(), place.path);
+    if (!made) return {Reached::nothing, made.problem()};
+    auto& file = made.value();
+    auto step = writeAll(file.descriptor(), bytes, place.path);
+    if (step) step = give(place, file.descriptor(), old);
+    if (step) step = file.replace(place.name);
+    if (!step) return {Reached::nothing, step.problem()};
+    return written(place, file.descriptor(), syncDirectory(place.directory.get()));
 }
 
 Writing overwriteFile(const DeviceRoot::Place& place, std::string_view bytes) {
     constexpr int flags = O_WRONLY | O_NOFOLLOW | O_CLOEXEC | atOnce;
     const int directory = place.directory.get();
-    const auto size = static_cast<off_t>(bytes.size());
     UniqueFd file(::openat(directory, place.name.c_str(), flags | O_CREAT | O_EXCL, newFileMode));
     const bool isNew = static_cast<bool>(file);
     if (!isNew && errno == EEXIST) file = UniqueFd(::openat(directory, place.name.c_str(), flags));
-    if (!file) return failure(Writing::Reached::nothing);
-    // Room first: a full disk is to be found while the old bytes are there.
+    if (!file) return {Reached::nothing, unwritable(place)};
+    // Reserve room first, to notice a full disk while the old bytes are still there.
+    const auto size = static_cast<off_t>(bytes.size());
     const bool hasRoom =
         ::fallocate(file.get(), FALLOC_FL_KEEP_SIZE, 0, size) == 0 || errno == EOPNOTSUPP || errno == ENOSYS;
-    if (!isNew && !hasRoom) return failure(Writing::Reached::nothing);
-    const bool isWritten = hasRoom && (!isNew || ::fchmod(file.get(), newFileMode) == 0) &&
-                           writeAll(file.get(), bytes) && ::ftruncate(file.get(), size) == 0;
-    if (isWritten)
-        return written(file.get(), ::fsync(file.get()) == 0 && (!isNew || syncDirectory(directory)));
-    const auto result = failure(isNew ? Writing::Reached::nothing : Writing::Reached::part);
+    auto step = hasRoom ? fill(place, file.get(), isNew, bytes) : unwritable(place);
+    if (step)
+        return written(place, file.get(), ::fsync(file.get()) == 0 && (!isNew || syncDirectory(directory)));
     if (isNew) ::unlinkat(directory, place.name.c_str(), 0);
-    return result;
+    if (isNew || !hasRoom) return {Reached::nothing, step.problem()};
+    return {Reached::part, step.problem()};
 }
 
 } // namespace prismo

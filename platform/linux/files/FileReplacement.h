@@ -2,6 +2,7 @@
 
 #include "platform/linux/files/DeviceRoot.h"
 
+#include <optional>
 #include <string_view>
 #include <sys/stat.h>
 
@@ -10,25 +11,25 @@ namespace prismo {
 /// How far the writing of a file got.
 struct Writing {
     enum class Reached {
-        /// What was there before is there still.
+        /// The old content is still there.
         nothing,
-        /// The file is written over in part.
+        /// The file is partly overwritten.
         part,
-        /// It holds the new bytes, and a power cut may take them back.
+        /// The file has the new bytes, but a power failure may undo that.
         file,
         disk,
     };
     Reached reached = Reached::nothing;
     /// Why it got no further.
-    int error = 0;
-    /// The file's, once it holds the new bytes.
-    struct stat status {};
+    std::optional<Problem> problem;
+    /// The status of the file, once it has the new bytes.
+    struct stat status = {};
 };
 
-/// Puts the bytes into a new file in the place of the old one, if any, whose mode and owner it gets.
+/// Writes the bytes to a new file, which gets the mode and owner of the old one, if any, and takes its place.
 Writing replaceFile(const DeviceRoot::Place& place, const struct stat* old, std::string_view bytes);
 
-/// Puts the bytes into the file itself, which is made where it is missing.
+/// Writes the bytes into the file itself, which is made if it is missing.
 Writing overwriteFile(const DeviceRoot::Place& place, std::string_view bytes);
 
 } // namespace prismo

@@ -1,6 +1,7 @@
 #include "platform/linux/files/KeptFile.h"
 
 #include "platform/local/descriptors/FileBytes.h"
+#include "platform/local/descriptors/SystemProblem.h"
 
 #include <array>
 #include <cerrno>
@@ -14,7 +15,7 @@ namespace prismo {
 
 namespace {
 
-/// As many files of one name and one second as anybody could want.
+/// More files with one name in one second than anybody needs.
 constexpr int maximumAttempts = 1000;
 
 std::string timeText() {
@@ -24,6 +25,8 @@ std::string timeText() {
     std::array<char, 32> text{};
     return {text.data(), std::strftime(text.data(), text.size(), "%Y%m%dT%H%M%SZ", &parts)};
 }
+
+// These fail as system calls do: they return false with errno set.
 
 bool copyAll(int from, int to) {
     off_t offset = 0;
@@ -44,7 +47,7 @@ void discard(int directory, const std::string& kept) {
 bool copyTo(int directory, const std::string& kept, int file, const struct stat& status) {
     const UniqueFd copy(::openat(directory, kept.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!copy) return false;
-    // Who may read it is the file's own business; where the owner cannot be kept, nobody else may.
+    // The copy gets the file's owner and mode. If the owner cannot be kept, nobody else may read it.
     if (copyAll(file, copy.get()) && ::fsync(copy.get()) == 0) {
         if (::fchown(copy.get(), status.st_uid, status.st_gid) == 0)
             ::fchmod(copy.get(), status.st_mode & 07777);
@@ -56,21 +59,27 @@ bool copyTo(int directory, const std::string& kept, int file, const struct stat&
 
 } // namespace
 
-std::optional<std::string> keepBeside(int directory, const std::string& name, int file,
-                                      const struct stat& status, WriteMode mode) {
-    const auto base = name + ".malformed-" + timeText();
+Result<std::string> keepNextTo(const DeviceRoot::Place& place, int file, const struct stat& status,
+                               WriteMode mode) {
+    const int directory = place.directory.get();
+    const auto problem = [&] {
+        auto found = systemProblem(Problem::Kind::unwritable, place.path);
+        found.cause = "The old bytes cannot be kept: " + found.cause;
+        return found;
+    };
+    const auto base = place.name + ".malformed-" + timeText();
     for (int attempt = 1; attempt <= maximumAttempts; ++attempt) {
         auto kept = attempt == 1 ? base : base + "-" + std::to_string(attempt);
         const bool isLinked = mode == WriteMode::atomically &&
-                              ::linkat(directory, name.c_str(), directory, kept.c_str(), 0) == 0;
+                              ::linkat(directory, place.name.c_str(), directory, kept.c_str(), 0) == 0;
         if (isLinked || copyTo(directory, kept, file, status)) {
             if (syncDirectory(directory)) return kept;
             discard(directory, kept);
-            return {};
+            return problem();
         }
-        if (errno != EEXIST) return {};
+        if (errno != EEXIST) break;
     }
-    return {};
+    return problem();
 }
 
 } // namespace prismo

@@ -4,6 +4,7 @@
 #include "platform/linux/files/KeptFile.h"
 #include "platform/linux/files/TemporaryFile.h"
 #include "platform/local/descriptors/FileBytes.h"
+#include "platform/local/descriptors/SystemProblem.h"
 #include "platform/plist/PropertyListGuard.h"
 #include "platform/plist/PropertyListReader.h"
 #include "platform/plist/PropertyListWriter.h"
@@ -13,15 +14,15 @@
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
-#include <variant>
 
 namespace prismo {
 
 namespace {
 
-/// Of an image, for instance. Nothing that a page shows comes near it.
+using Kind = Problem::Kind;
+
+/// For files that are not property lists, such as images. Nothing that a page shows comes near it.
 constexpr std::size_t maximumFileSize = std::size_t{64} << 20;
-constexpr const char* tooMuch = "More than a property list may hold here";
 
 std::int64_t nanoseconds(const timespec& time) {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
@@ -33,164 +34,147 @@ PropertyListFiles::Stamp::Stamp(const struct stat& status)
     : device(status.st_dev), inode(status.st_ino), size(status.st_size),
       modified(nanoseconds(status.st_mtim)), changed(nanoseconds(status.st_ctim)) {}
 
-UniqueFd PropertyListFiles::open(const std::string& path, struct stat& status) {
+/// Returns nullopt if there is no such file.
+Result<std::optional<PropertyListFiles::Opened>> PropertyListFiles::open(const std::string& path) {
     auto file = root_.open(path, O_RDONLY | atOnce);
-    if (!file && (errno == ENOENT || errno == ENOTDIR)) {
+    if (!file && file.problem().kind == Kind::missing) {
         known_.erase(path);
-        return file;
+        return std::optional<Opened>();
     }
-    std::string cause;
-    if (!file || ::fstat(file.get(), &status) != 0)
-        cause = std::strerror(errno);
-    else
-        cause = notRegular(status);
-    if (cause.empty()) return file;
+    const auto status = file ? regularStatus(file.value().get(), root_.hostPath(path)) : file.problem();
+    if (status) return std::optional(Opened{std::move(file).value(), status.value()});
     known_.insert_or_assign(path, std::nullopt);
-    report_(FileProblem::Kind::unreadable, root_.hostPath(path), cause);
-    return {};
+    return status.problem();
 }
 
-std::optional<Dictionary> PropertyListFiles::read(const std::string& path) {
-    struct stat status {};
-    const auto file = open(path, status);
-    if (!file) return {};
+Result<std::optional<Dictionary>> PropertyListFiles::read(const std::string& path) {
+    const auto opened = open(path);
+    if (!opened) return opened.problem();
+    if (!opened.value()) return std::optional<Dictionary>();
+    const auto& [file, status] = *opened.value();
+    const auto hostPath = root_.hostPath(path);
     auto& known = known_[path];
     known.reset();
-    const auto fail = [&](FileProblem::Kind kind, const char* cause) {
-        report_(kind, root_.hostPath(path), cause);
-        return std::nullopt;
-    };
-    if (!readAll(file.get(), status, maximumPropertyListSize, bytes_) && errno != EFBIG)
-        return fail(FileProblem::Kind::unreadable, std::strerror(errno));
-    // An empty one, as a power cut may leave it, is no problem.
-    if (bytes_.empty()) return {};
-    auto parsed = parseDictionary(bytes_);
-    if (const auto* refusal = std::get_if<Refusal>(&parsed))
-        return *refusal == Refusal::beyondLimits
-                   ? fail(FileProblem::Kind::unreadable, tooMuch)
-                   : fail(FileProblem::Kind::malformed, "No property-list dictionary");
+    const auto read = readStart(file.get(), status, maximumPropertyListSize, bytes_, hostPath);
+    if (!read) return read.problem();
+    // An empty file, which a power failure may leave, is not a problem.
+    if (bytes_.empty()) return std::optional<Dictionary>();
+    auto parsed = parseDictionary(bytes_, hostPath);
+    if (!parsed) return parsed.problem();
     known = Stamp(status);
-    return std::get<Dictionary>(std::move(parsed));
+    return std::optional(std::move(parsed).value());
 }
 
-std::optional<Data> PropertyListFiles::readBytes(const std::string& path) {
-    struct stat status {};
-    const auto file = open(path, status);
-    if (!file) return {};
-    auto bytes = readAll(file.get(), maximumFileSize);
-    if (!bytes) report_(FileProblem::Kind::unreadable, root_.hostPath(path), std::strerror(errno));
-    return bytes;
+Result<std::optional<Data>> PropertyListFiles::readBytes(const std::string& path) {
+    const auto opened = open(path);
+    if (!opened) return opened.problem();
+    if (!opened.value()) return std::optional<Data>();
+    auto bytes = readAll(opened.value()->file.get(), maximumFileSize, root_.hostPath(path));
+    if (!bytes) return bytes.problem();
+    return std::optional(std::move(bytes).value());
 }
 
-bool PropertyListFiles::refuse(const std::string& path, const std::string& cause) const {
-    report_(FileProblem::Kind::unwritable, root_.hostPath(path), cause);
-    return false;
+Result<std::string> PropertyListFiles::textFor(const std::string& path, const Dictionary& dictionary) const {
+    auto text = xmlText(dictionary, root_.hostPath(path));
+    if (!text) return text;
+    // The kernel ends a process that writes beyond this limit, rather than failing the write.
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_FSIZE, &limit) == 0 && text.value().size() > limit.rlim_cur)
+        return Problem{Kind::unwritable, root_.hostPath(path), std::strerror(EFBIG)};
+    return text;
 }
 
-/// Nothing, which is said, where no file may hold it.
-std::optional<std::string> PropertyListFiles::textFor(const std::string& path,
-                                                      const Dictionary& dictionary) const {
-    auto text = xmlText(dictionary);
-    std::string cause;
-    if (const auto* unwritable = std::get_if<Unwritable>(&text)) {
-        cause = unwritable->cause;
-    } else {
-        // Beyond this limit the kernel would end the process, and not the write alone.
-        rlimit limit{};
-        if (::getrlimit(RLIMIT_FSIZE, &limit) != 0 || std::get<std::string>(text).size() <= limit.rlim_cur)
-            return std::get<std::string>(std::move(text));
-        cause = std::strerror(EFBIG);
-    }
-    refuse(path, cause);
-    return {};
-}
-
-bool PropertyListFiles::rehearseWrite(const std::string& path, const Dictionary& dictionary, WriteMode mode) {
-    if (!textFor(path, dictionary)) return false;
+Result<> PropertyListFiles::rehearseWrite(const std::string& path, const Dictionary& dictionary,
+                                          WriteMode mode) {
+    if (const auto text = textFor(path, dictionary); !text) return text.problem();
     const auto place = root_.place(path);
-    if (!place) return root_.couldMakeParents(path) || refuse(path, std::strerror(errno));
-    std::string cause;
-    const auto old = openOld(*place, cause);
-    const auto reason = old && cause.empty() ? reasonToKeep(path, *old, cause) : "";
-    if (!cause.empty()) return refuse(path, cause);
-    const bool isEntered = mode == WriteMode::atomically || !old;
-    if (::faccessat(place->directory.get(), isEntered ? "." : place->name.c_str(), W_OK, AT_EACCESS) != 0)
-        return refuse(path, std::strerror(errno));
-    if (reason.empty()) return true;
-    report_(FileProblem::Kind::replaced, root_.hostPath(path),
-            reason + " and would be replaced; its bytes would be kept beside it");
-    known_.insert_or_assign(path, Stamp(old->status));
-    return true;
+    if (!place) return rehearseParents(path, place.problem());
+    const auto& [directory, name, hostPath] = place.value();
+    const auto old = openOld(place.value());
+    if (!old) return old.problem();
+    const auto reason = reasonToKeep(path, old.value());
+    if (!reason) return reason.problem();
+    const bool isEntered = mode == WriteMode::atomically || !old.value();
+    if (::faccessat(directory.get(), isEntered ? "." : name.c_str(), W_OK, AT_EACCESS) != 0)
+        return systemProblem(Kind::unwritable, hostPath);
+    if (reason.value().empty()) return Done{};
+    report_({Kind::replaced, hostPath,
+             reason.value() + " and would be replaced; its bytes would be kept next to it"});
+    known_.insert_or_assign(path, Stamp(old.value()->status));
+    return Done{};
 }
 
-bool PropertyListFiles::write(const std::string& path, const Dictionary& dictionary, WriteMode mode) {
-    const auto fail = [&](const std::string& cause) { return refuse(path, cause); };
-    const auto text = textFor(path, dictionary);
-    if (!text) return false;
-    std::optional<DeviceRoot::Place> place;
-    if (root_.makeParents(path)) place = root_.place(path);
-    if (!place) return fail(std::strerror(errno));
-    std::string cause;
-    const auto old = openOld(*place, cause);
-    const auto reason = old && cause.empty() ? reasonToKeep(path, *old, cause) : "";
-    if (!cause.empty()) return fail(cause);
+/// The file has no place now, which is `problem`. That is fine if `write` would make its directories.
+Result<> PropertyListFiles::rehearseParents(const std::string& path, const Problem& problem) const {
+    const auto parents = root_.couldMakeParents(path);
+    if (!parents) return parents.problem();
+    if (!parents.value()) return problem;
+    return Done{};
+}
 
-    const int directory = place->directory.get();
+Result<> PropertyListFiles::write(const std::string& path, const Dictionary& dictionary, WriteMode mode) {
+    const auto text = textFor(path, dictionary);
+    if (!text) return text.problem();
+    if (auto made = root_.makeParents(path); !made) return made;
+    const auto found = root_.place(path);
+    if (!found) return found.problem();
+    const auto& place = found.value();
+    const auto old = openOld(place);
+    if (!old) return old.problem();
+    const auto reason = reasonToKeep(path, old.value());
+    if (!reason) return reason.problem();
+
     std::optional<std::string> kept;
-    if (!reason.empty()) {
-        kept = keepBeside(directory, place->name, old->file.get(), old->status, mode);
-        if (!kept) return fail(std::string("The old bytes cannot be kept: ") + std::strerror(errno));
+    if (!reason.value().empty()) {
+        auto name = keepNextTo(place, old.value()->file.get(), old.value()->status, mode);
+        if (!name) return name.problem();
+        kept = std::move(name).value();
     }
     const auto writing = mode == WriteMode::atomically
-                             ? replaceFile(*place, old ? &old->status : nullptr, *text)
-                             : overwriteFile(*place, *text);
+                             ? replaceFile(place, old.value() ? &old.value()->status : nullptr, text.value())
+                             : overwriteFile(place, text.value());
     using Reached = Writing::Reached;
     if (kept && writing.reached == Reached::nothing)
-        ::unlinkat(directory, kept->c_str(), 0);
+        ::unlinkat(place.directory.get(), kept->c_str(), 0);
     else if (kept)
-        report_(FileProblem::Kind::replaced, root_.hostPath(path),
-                reason + " and is replaced; its bytes are kept as " + *kept);
-    if (writing.reached == Reached::nothing) return fail(std::strerror(writing.error));
+        report_({Kind::replaced, place.path,
+                 reason.value() + " and is replaced; its bytes are kept as " + *kept});
+    if (writing.reached == Reached::nothing) return *writing.problem;
     if (writing.reached == Reached::part)
-        return fail(std::string("Written in part only: ") + std::strerror(writing.error));
-    if (writing.reached == Reached::file)
-        report_(FileProblem::Kind::unsynced, root_.hostPath(path),
-                std::string("Written, but perhaps not to the disk: ") + std::strerror(writing.error));
+        return Problem{Kind::unwritable, place.path, "Written in part only: " + writing.problem->cause};
+    if (writing.problem) report_(*writing.problem);
     known_.insert_or_assign(path, Stamp(writing.status));
-    TemporaryFile::removeAbandoned(directory);
-    return true;
+    TemporaryFile::removeAbandoned(place.directory.get());
+    return Done{};
 }
 
-/// The file as it is now; nothing, and no cause, where there is none.
-std::optional<PropertyListFiles::Old> PropertyListFiles::openOld(const DeviceRoot::Place& place,
-                                                                 std::string& cause) const {
-    Old old;
-    old.file = UniqueFd(
+/// The file as it is now. Returns nullopt if there is none.
+Result<std::optional<PropertyListFiles::Opened>> PropertyListFiles::openOld(const DeviceRoot::Place& place) {
+    UniqueFd file(
         ::openat(place.directory.get(), place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | atOnce));
-    if (!old.file && errno == ENOENT) return {};
-    if (!old.file || ::fstat(old.file.get(), &old.status) != 0)
-        cause = std::strerror(errno);
-    else
-        cause = notRegular(old.status);
-    return old;
+    if (!file && errno == ENOENT) return std::optional<Opened>();
+    if (!file) return systemProblem(Kind::unwritable, place.path);
+    const auto status = regularStatus(file.get(), place.path);
+    if (!status) return status.problem().as(Kind::unwritable);
+    return std::optional(Opened{std::move(file), status.value()});
 }
 
-/// "" where the dictionary that is written tells what the file says, or says it anew.
-std::string PropertyListFiles::reasonToKeep(const std::string& path, const Old& old,
-                                            std::string& cause) const {
+/// Why the old bytes must be kept, in words. Empty if they need not: then the new dictionary is the old one
+/// with a change, or says the same again.
+Result<std::string> PropertyListFiles::reasonToKeep(const std::string& path,
+                                                    const std::optional<Opened>& old) const {
+    if (!old || old->status.st_size == 0) return std::string();
     const auto known = known_.find(path);
     const bool isKnown = known != known_.end();
-    if (old.status.st_size == 0 || (isKnown && known->second == Stamp(old.status))) return "";
+    if (isKnown && known->second == Stamp(old->status)) return std::string();
+    const auto hostPath = root_.hostPath(path);
     Data bytes;
-    if (!readAll(old.file.get(), old.status, maximumPropertyListSize, bytes) && errno != EFBIG) {
-        cause = std::strerror(errno);
-        return "";
-    }
-    const auto parsed = parseDictionary(bytes);
-    const auto* refusal = std::get_if<Refusal>(&parsed);
-    if (refusal && *refusal == Refusal::beyondLimits) cause = tooMuch;
-    if (refusal) return "Was no property list";
-    return isKnown && !known->second ? "Could not be read before" : "";
+    const auto read = readStart(old->file.get(), old->status, maximumPropertyListSize, bytes, hostPath);
+    if (!read) return read.problem().as(Kind::unwritable);
+    const auto parsed = parseDictionary(bytes, hostPath);
+    if (!parsed && parsed.problem().kind != Kind::malformed) return parsed.problem().as(Kind::unwritable);
+    if (!parsed) return std::string("Was not a property list");
+    return std::string(isKnown && !known->second ? "Could not be read before" : "");
 }
 
 } // namespace prismo

@@ -11,30 +11,34 @@
 
 namespace prismo {
 
-/// Reads and writes the files of a device, on behalf of its device object, which gets the problems.
+/// Reads and writes the files of a device.
 class PropertyListFiles {
   public:
-    using Report = std::function<void(FileProblem::Kind kind, std::string path, std::string cause)>;
+    /// Gets the problems of an operation that succeeds nevertheless.
+    using Report = std::function<void(const Problem&)>;
 
     /// The root must outlive this.
     PropertyListFiles(const DeviceRoot& root, Report report) : root_(root), report_(std::move(report)) {}
 
-    // As `Device` says.
-    std::optional<Dictionary> read(const std::string& path);
-    std::optional<Data> readBytes(const std::string& path);
+    /// The dictionary in the file, or nullopt if the file is missing or empty.
+    Result<std::optional<Dictionary>> read(const std::string& path);
+    /// The bytes of the file, or nullopt if it is missing.
+    Result<std::optional<Data>> readBytes(const std::string& path);
 
-    /// As `Device` says. A file that cannot be read is not replaced, nor is one beyond the limits of
-    /// PropertyListGuard.h. A malformed one is, and one from which the last reading here got nothing, so that
-    /// `dictionary` cannot hold what it holds by now: their bytes are kept beside it under a new name
-    /// ("x.plist.malformed-20261121T070000Z"). Mode and owner stay; a new file has mode 0644. Returns when
-    /// the file is on the disk, or when that failed (a problem; true all the same).
-    bool write(const std::string& path, const Dictionary& dictionary, WriteMode mode);
-    /// Would `write` do it? Nothing is changed, and what it would say before it begins is said: why it would
-    /// refuse, or that a file would be replaced, which is said once.
-    bool rehearseWrite(const std::string& path, const Dictionary& dictionary, WriteMode mode);
+    /// Replaces the whole file, as `Device::writePropertyList` says. Does not replace a file that cannot be
+    /// read or that is beyond the limits of PropertyListGuard.h.
+    ///
+    /// Keeps the old bytes next to the new file, under a new name ("x.plist.malformed-20261121T070000Z"), if
+    /// the old file is malformed, or if the last read here failed, since then `dictionary` cannot have what
+    /// the file has by now. Reports that as `replaced`. Mode and owner stay; a new file has mode 0644.
+    /// Returns when the file is on the disk. If only that failed, reports `unsynced` and succeeds.
+    Result<> write(const std::string& path, const Dictionary& dictionary, WriteMode mode);
+    /// Would `write` succeed? Changes nothing. Finds what `write` finds before it starts, and reports once
+    /// that a file would be replaced.
+    Result<> rehearseWrite(const std::string& path, const Dictionary& dictionary, WriteMode mode);
 
   private:
-    /// A state of a file's content.
+    /// Identifies a state of a file's content.
     struct Stamp {
         explicit Stamp(const struct stat& status);
         auto operator<=>(const Stamp&) const = default;
@@ -44,24 +48,24 @@ class PropertyListFiles {
         std::int64_t modified;
         std::int64_t changed;
     };
-    struct Old {
+    struct Opened {
         UniqueFd file;
-        struct stat status {};
+        struct stat status = {};
     };
 
-    UniqueFd open(const std::string& path, struct stat& status);
-    bool refuse(const std::string& path, const std::string& cause) const;
-    std::optional<std::string> textFor(const std::string& path, const Dictionary& dictionary) const;
-    std::optional<Old> openOld(const DeviceRoot::Place& place, std::string& cause) const;
-    std::string reasonToKeep(const std::string& path, const Old& old, std::string& cause) const;
+    Result<std::optional<Opened>> open(const std::string& path);
+    Result<std::string> textFor(const std::string& path, const Dictionary& dictionary) const;
+    static Result<std::optional<Opened>> openOld(const DeviceRoot::Place& place);
+    Result<std::string> reasonToKeep(const std::string& path, const std::optional<Opened>& old) const;
+    Result<> rehearseParents(const std::string& path, const Problem& problem) const;
 
     const DeviceRoot& root_;
     Report report_;
-    /// Files that were there when they were last read or written, and how they were if they held a
-    /// dictionary: no need to look again before they are replaced.
+    /// The files that existed when they were last read or written, and their state if they held a dictionary.
+    /// A file that is still in that state need not be read again before it is replaced.
     std::map<std::string, std::optional<Stamp>> known_;
-    /// What was read last. A new block for each file would make the allocator tidy up each time, which costs
-    /// a small file a quarter of its reading.
+    /// What was read last. A new block for each file would make the allocator trim its heap each time, which
+    /// costs a quarter of the time that reading a small file takes.
     Data bytes_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/local/descriptors/DirectoryNames.h"
 #include "platform/local/descriptors/FileBytes.h"
+#include "platform/local/descriptors/SystemProblem.h"
 
 #include <array>
 #include <cerrno>
@@ -21,7 +22,8 @@ constexpr std::string_view prefix = ".prismo2-";
 constexpr std::string_view suffix = ".tmp";
 constexpr std::size_t tokenLength = 16;
 
-/// Nobody can guess it, and so plant something under it.
+/// A name that nobody can guess, so that nobody can plant something under it. Empty, with errno set, on
+/// failure.
 std::string newName() {
     std::uint64_t number = 0;
     if (::getrandom(&number, sizeof number, 0) != sizeof number) return {};
@@ -37,33 +39,32 @@ bool isName(std::string_view name) {
 
 } // namespace
 
-TemporaryFile::TemporaryFile(int directory) : directory_(directory) {
-    struct stat status {};
+Result<TemporaryFile> TemporaryFile::make(int directory, const std::string& path) {
+    constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    TemporaryFile file(directory, path);
+    struct stat status = {};
     do {
-        name_ = newName();
-        if (name_.empty()) return;
-        descriptor_ = UniqueFd(
-            ::openat(directory_, name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-        if (!descriptor_) return;
-        // Where locks are not to be had, nobody else gets one to take the file for abandoned.
-        ::flock(descriptor_.get(), LOCK_EX);
+        file.name_ = newName();
+        if (!file.name_.empty())
+            file.descriptor_ = UniqueFd(::openat(directory, file.name_.c_str(), flags, 0600));
+        if (file.name_.empty() || !file.descriptor_) return systemProblem(Problem::Kind::unwritable, path);
+        // If the file system has no locks, no other process gets one to take the file for abandoned.
+        ::flock(file.descriptor_.get(), LOCK_EX);
         // Before it was locked, another process may have removed it.
-    } while (::fstat(descriptor_.get(), &status) == 0 && status.st_nlink == 0);
+    } while (::fstat(file.descriptor_.get(), &status) == 0 && status.st_nlink == 0);
+    return file;
 }
 
 TemporaryFile::~TemporaryFile() {
-    if (!descriptor_ || name_.empty()) return;
-    const int error = errno;
-    ::unlinkat(directory_, name_.c_str(), 0);
-    errno = error;
+    if (descriptor_ && !name_.empty()) ::unlinkat(directory_, name_.c_str(), 0);
 }
 
-bool TemporaryFile::replace(const std::string& name) {
+Result<> TemporaryFile::replace(const std::string& name) {
     if (::fsync(descriptor_.get()) != 0 ||
         ::renameat(directory_, name_.c_str(), directory_, name.c_str()) != 0)
-        return false;
+        return systemProblem(Problem::Kind::unwritable, path_);
     name_.clear();
-    return true;
+    return Done{};
 }
 
 void TemporaryFile::removeAbandoned(int directory) {

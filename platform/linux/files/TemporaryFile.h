@@ -1,35 +1,38 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <string>
 
 namespace prismo {
 
-/// A new file beside the one that it is to replace. It goes when this does, unless it took that place.
+/// A new file next to the one that it will replace. Its destructor removes it, unless it took that place.
 ///
-/// Its writer holds a lock on it, so that what a killed writer left can be told from what is being written.
+/// Its writer holds a lock on it. That distinguishes a file that a killed writer left from one that is being
+/// written.
 class TemporaryFile {
   public:
-    /// Made in the open directory, which must outlive it, with mode 0600. Without a descriptor, and with
-    /// errno set, where that failed.
-    explicit TemporaryFile(int directory);
+    /// Makes a file with mode 0600 in the open directory, which must outlive it. `path` is the file that it
+    /// will replace, for problems (unwritable).
+    static Result<TemporaryFile> make(int directory, const std::string& path);
     ~TemporaryFile();
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    TemporaryFile(TemporaryFile&&) = default;
+    TemporaryFile& operator=(TemporaryFile&&) = delete;
 
-    explicit operator bool() const { return static_cast<bool>(descriptor_); }
     int descriptor() const { return descriptor_.get(); }
 
-    /// Puts it, its bytes being on the disk, in the place of `name`. False, with errno set, where that
-    /// failed.
-    bool replace(const std::string& name);
+    /// Brings its bytes to the disk and moves it to the place of `name`.
+    Result<> replace(const std::string& name);
 
-    /// Removes those in the directory whose writer is no more.
+    /// Removes those files in the directory whose writer is gone.
     static void removeAbandoned(int directory);
 
   private:
+    TemporaryFile(int directory, std::string path) : directory_(directory), path_(std::move(path)) {}
+
     int directory_;
+    std::string path_;
     std::string name_;
     UniqueFd descriptor_;
 };

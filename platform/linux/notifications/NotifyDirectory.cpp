@@ -1,6 +1,7 @@
 #include "platform/linux/notifications/NotifyDirectory.h"
 
 #include "platform/foundation/Device.h"
+#include "platform/local/descriptors/SystemProblem.h"
 
 #include <algorithm>
 #include <array>
@@ -18,85 +19,98 @@ namespace prismo {
 
 namespace {
 
+using Kind = Problem::Kind;
+
 constexpr std::uint32_t lost = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORED;
 
-/// False, with errno set, where it could not be made and is not there. Its making is no post: that is a
-/// change of its times.
+/// Makes the file if it is missing. Returns false, with errno set, if that failed. Making it is not a post:
+/// that is a change of its times.
 bool makeFile(int directory, const std::string& name) {
     const UniqueFd made(::openat(directory, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     return made || errno == EEXIST;
 }
 
+Result<> checkName(Problem::Kind kind, const std::string& path, const std::string& name) {
+    if (isNotificationName(name)) return Done{};
+    return Problem{kind, path, "'" + name + "' is not a notification name"};
+}
+
 } // namespace
 
-int NotifyDirectory::post(const std::string& name) {
-    if (!isNotificationName(name)) return EINVAL;
-    const int error = touch(name);
-    // The file, or the whole directory, may be removed under our hands.
-    return error == ENOENT ? touch(name) : error;
+Result<> NotifyDirectory::post(const std::string& name) {
+    if (auto checked = checkName(Kind::notPosted, path_, name); !checked) return checked;
+    auto touched = touch(name);
+    // Another process may remove the file, or the whole directory, at any moment.
+    if (!touched && touched.problem().kind == Kind::missing) touched = touch(name);
+    if (!touched) return touched.problem().as(Kind::notPosted);
+    return touched;
 }
 
-int NotifyDirectory::touch(const std::string& name) {
-    // Opened for each post: a directory held open would not tell its watchers that it was removed, and posts
-    // into a replaced one would reach nobody.
-    const auto directory = openDirectory_();
-    if (!directory) return errno;
-    // The directory's entry is touched, whatever it is: nothing that was planted under the name is opened or
-    // followed, and its watchers are told all the same. Times take no disk block, so a full disk silences
-    // nobody.
+/// Touches the file of that name, which is a post. Fails as `missing` if the file or directory was removed
+/// meanwhile.
+Result<> NotifyDirectory::touch(const std::string& name) {
+    // Opened for each post: while a directory is held open, its watchers do not learn that it was removed,
+    // and posts into a replaced one would reach nobody.
+    const auto opened = openDirectory_();
+    if (!opened) return opened.problem();
+    const int directory = opened.value().get();
+    // This touches the directory's entry, whatever it is. It does not open or follow anything that was
+    // planted under the name, and the watchers are notified anyway. Times take no disk block, so posts work
+    // on a full disk.
     const auto touchEntry = [&] {
-        return ::utimensat(directory.get(), name.c_str(), nullptr, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+        return ::utimensat(directory, name.c_str(), nullptr, AT_SYMLINK_NOFOLLOW) == 0;
     };
-    if (const int error = touchEntry(); error != ENOENT) return error;
-    return makeFile(directory.get(), name) ? touchEntry() : errno;
+    if (touchEntry() || (errno == ENOENT && makeFile(directory, name) && touchEntry())) return Done{};
+    return readProblem(path_);
 }
 
-int NotifyDirectory::observe(const std::string& name) {
-    if (!isNotificationName(name)) return EINVAL;
+Result<> NotifyDirectory::observe(const std::string& name) {
+    if (auto checked = checkName(Kind::notObserved, path_, name); !checked) return checked;
     const bool isNew = std::ranges::find(observed_, name) == observed_.end();
     if (isNew) observed_.push_back(name);
     if (directory_ < 0) return attach();
     if (isNew)
-        if (const auto directory = openDirectory_()) makeFile(directory.get(), name);
-    return 0;
+        if (const auto directory = openDirectory_()) makeFile(directory.value().get(), name);
+    return Done{};
 }
 
-int NotifyDirectory::attach() {
+Result<> NotifyDirectory::attach() {
     if (!inotify_) inotify_ = UniqueFd(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
-    if (!inotify_) return errno;
-    const auto directory = openDirectory_();
-    if (!directory) return errno;
-    const auto path = "/proc/self/fd/" + std::to_string(directory.get());
+    if (!inotify_) return systemProblem(Kind::notObserved, path_);
+    const auto opened = openDirectory_();
+    if (!opened) return opened.problem().as(Kind::notObserved);
+    const int directory = opened.value().get();
+    const auto path = "/proc/self/fd/" + std::to_string(directory);
     const auto watch = [&](const std::string& watched, std::uint32_t events) {
         return ::inotify_add_watch(inotify_.get(), watched.c_str(), events | lost | IN_ONLYDIR);
     };
-    // A removed directory that somebody holds open lives on and says nothing; its parent says when there is a
-    // new one. The parent may be closed to us, and is not needed for anything else.
+    // A removed directory that some process holds open produces no events, but its parent shows when there is
+    // a new one. We may lack access to the parent, and need it for nothing else.
     parent_ = watch(path + "/..", IN_CREATE | IN_MOVED_TO);
-    // One watch of the directory serves every name, and also a file that is removed and made again.
+    // One watch on the directory serves all names, even if a file is removed and made again.
     directory_ = watch(path, IN_ATTRIB);
-    if (directory_ < 0) return errno;
+    if (directory_ < 0) return systemProblem(Kind::notObserved, path_);
     for (const auto& name : observed_)
-        makeFile(directory.get(), name);
-    return 0;
+        makeFile(directory, name);
+    return Done{};
 }
 
-int NotifyDirectory::read(const Deliver& deliver) {
-    const int error = collect();
+Result<> NotifyDirectory::read(const Deliver& deliver) {
+    auto collected = collect();
     while (!arrived_.empty()) {
         const auto name = std::move(arrived_.front());
         arrived_.pop_front();
         deliver(name);
     }
-    return error;
+    return collected;
 }
 
-int NotifyDirectory::collect() {
+Result<> NotifyDirectory::collect() {
     constexpr std::size_t largestEvent = sizeof(inotify_event) + NAME_MAX + 1;
     alignas(inotify_event) std::array<char, 32 * largestEvent> buffer{};
     bool missed = false;
-    bool perhapsReplaced = false;
-    // What has arrived by now, and no more: in a flood there would be no end to it.
+    bool mayBeReplaced = false;
+    // Read only what has arrived by now: in a flood of posts the loop would never end.
     int left = 0;
     ::ioctl(inotify_.get(), FIONREAD, &left);
     while (left > 0) {
@@ -110,25 +124,25 @@ int NotifyDirectory::collect() {
             if ((event.mask & IN_Q_OVERFLOW) != 0) {
                 missed = true;
             } else if (event.wd != directory_ && event.wd != parent_) {
-                continue; // of a watch that has been given up
+                continue; // the event of a watch that was removed
             } else if ((event.mask & lost) != 0) {
                 missed = true;
                 ::inotify_rm_watch(inotify_.get(), event.wd);
                 (event.wd == directory_ ? directory_ : parent_) = -1;
             } else if (event.wd == parent_) {
-                perhapsReplaced = perhapsReplaced || (event.mask & IN_ISDIR) != 0;
+                mayBeReplaced = mayBeReplaced || (event.mask & IN_ISDIR) != 0;
             } else if (event.len > 0) {
                 arrive(event.name);
             }
         }
     }
-    if (!missed && !perhapsReplaced) return 0;
+    if (!missed && !mayBeReplaced) return Done{};
     const int previous = directory_;
-    const int error = attach();
+    auto attached = attach();
     if (missed || directory_ != previous)
         for (const auto& name : observed_)
             arrive(name);
-    return error;
+    return attached;
 }
 
 void NotifyDirectory::arrive(std::string_view name) {

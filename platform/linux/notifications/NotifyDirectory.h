@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <deque>
@@ -10,49 +11,51 @@
 
 namespace prismo {
 
-/// System-wide notifications by means of one directory that all processes of a device share: a post touches
-/// the file of its name, and the kernel tells each process that watches the directory, the posting one
-/// included. Posts that a process has not yet read count as one for each name.
+/// System-wide notifications through one directory that all processes of a device share. A post touches the
+/// file with its name, and the kernel notifies each process that watches the directory, including the one
+/// that posts. Posts that a process has not read yet count as one for each name.
 ///
-/// Whoever comes first, to post or to observe, makes the file. Observing needs /proc, since the kernel takes
-/// watches by path only and the directory is known by descriptor only.
+/// The first process to post or observe a name makes its file. Observing needs /proc: the kernel takes
+/// watches by path only, and this class knows the directory only by descriptor.
 class NotifyDirectory {
   public:
-    /// Opens the directory, having made it (mode 0700) where it is missing. Empty, with errno set, on
-    /// failure.
-    using OpenDirectory = std::function<UniqueFd()>;
+    /// Opens the directory, and makes it (mode 0700) if it is missing.
+    using OpenDirectory = std::function<Result<UniqueFd>()>;
     using Deliver = std::function<void(const std::string& name)>;
 
-    /// Nothing is opened before the first post or observation.
-    explicit NotifyDirectory(OpenDirectory openDirectory) : openDirectory_(std::move(openDirectory)) {}
+    /// `path` is the directory's path for problems. Opens nothing before the first post or observation.
+    NotifyDirectory(std::string path, OpenDirectory openDirectory)
+        : path_(std::move(path)), openDirectory_(std::move(openDirectory)) {}
 
-    /// 0, or the error number: EINVAL for what is no notification's name, else what the kernel said.
-    int post(const std::string& name);
-    /// From now on `read` delivers posts of `name`. The file is made where that can be done; this is no post.
-    /// 0, or the error number, as for `post`; EMFILE and ENOSPC where the user's inotify limits are reached.
-    /// May be asked again, also to try once more.
-    int observe(const std::string& name);
+    /// Fails as `notPosted`.
+    Result<> post(const std::string& name);
+    /// From now on `read` delivers posts of `name`. Makes the file if possible; that is not a post. Fails as
+    /// `notObserved`, for instance if the user's inotify limits are reached. May be called again for the same
+    /// name, also to try again after a failure.
+    Result<> observe(const std::string& name);
 
-    /// Can be read when `read` has something to do. Negative until an observation got as far as having one.
+    /// Readable when `read` has something to do. Negative until an observation got as far as opening it.
     int descriptor() const { return inotify_.get(); }
-    /// Delivers each observed name once that was posted from the last time until now, in the order of
-    /// arrival; posts that come meanwhile wait for the next time, however fast they come. All of them when
-    /// posts may have been missed: after an overflow of the kernel's queue (it keeps 16,384 events) and after
-    /// the directory was removed or replaced, which begins a new one. 0, or the error number where that
-    /// fails; then nothing more may arrive until an observation succeeds.
+    /// Delivers each observed name that was posted between the last call and now, once, in order of arrival.
+    /// Posts that arrive during the call wait for the next one, however fast they come.
     ///
-    /// Where `deliver` reads in its turn, that inner call goes on with what is left, and the outer one does
-    /// not repeat it. The descriptor says nothing of what is left: see `hasMore`.
-    int read(const Deliver& deliver);
-    /// Is something left to deliver? A `deliver` that may run the loop then first queues a block that reads.
+    /// Delivers all names if posts may have been missed: after an overflow of the kernel's queue (it holds
+    /// 16,384 events), and after the directory was removed or replaced. In the latter case it starts to watch
+    /// the new one. If that fails (`notObserved`), nothing more may arrive until an observation succeeds.
+    ///
+    /// If `deliver` calls `read` itself, the inner call delivers what is left and the outer one does not
+    /// repeat it. The descriptor does not show what is left; `hasMore` does.
+    Result<> read(const Deliver& deliver);
+    /// Is something left to deliver? A `deliver` that may run the loop first queues a block that reads.
     bool hasMore() const { return !arrived_.empty(); }
 
   private:
-    int touch(const std::string& name);
-    int attach();
-    int collect();
+    Result<> touch(const std::string& name);
+    Result<> attach();
+    Result<> collect();
     void arrive(std::string_view name);
 
+    std::string path_;
     OpenDirectory openDirectory_;
     std::vector<std::string> observed_;
     UniqueFd inotify_;

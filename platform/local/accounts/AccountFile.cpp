@@ -3,9 +3,8 @@
 #include "platform/local/descriptors/FileBytes.h"
 #include "platform/plist/PropertyListReader.h"
 
-#include <cerrno>
-#include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,18 +14,22 @@ namespace prismo {
 
 namespace {
 
-// Thousands of accounts.
+using Kind = Problem::Kind;
+
+/// Enough for thousands of accounts.
 constexpr std::size_t longestFile = std::size_t{1} << 20;
 
-/// Why the file is not believed; "" where it is.
-std::string objection(int fd) {
-    struct stat status {};
-    if (::fstat(fd, &status) != 0) return std::strerror(errno);
-    if (auto words = notRegular(status); !words.empty()) return words;
-    if (status.st_uid != ::geteuid() && status.st_uid != 0) return "Belongs to another user";
-    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-        return "Holds secrets, and others have access to it (chmod 600 takes that away)";
-    return {};
+/// Fails if the file is not to be trusted.
+Result<> checkTrust(int fd, const std::string& path) {
+    const auto status = regularStatus(fd, path);
+    if (!status) return status.problem();
+    const auto uid = status.value().st_uid;
+    const auto mode = status.value().st_mode;
+    if (uid != ::geteuid() && uid != 0) return Problem{Kind::unreadable, path, "Belongs to another user"};
+    if ((mode & (S_IRWXG | S_IRWXO)) != 0)
+        return Problem{Kind::unreadable, path,
+                       "Holds secrets, and others have access to it (chmod 600 takes that away)"};
+    return Done{};
 }
 
 std::optional<AccountFile::Entry> entry(const Value& value) {
@@ -45,22 +48,17 @@ std::optional<AccountFile::Entry> entry(const Value& value) {
 
 } // namespace
 
-std::optional<AccountFile::Entries> AccountFile::read(std::optional<FileProblem>* problem) const {
-    const auto refuse = [&](FileProblem::Kind kind, std::string cause) -> std::optional<Entries> {
-        if (problem) *problem = FileProblem{kind, hostPath_, std::move(cause)};
-        return {};
-    };
-    // Does not wait where somebody has put a pipe in its place.
+Result<AccountFile::Entries> AccountFile::read() const {
+    // Do not wait if somebody has put a FIFO in its place.
     const auto file = open_(O_RDONLY | atOnce);
-    if (!file && (errno == ENOENT || errno == ENOTDIR)) return {};
-    if (!file) return refuse(FileProblem::Kind::unreadable, std::strerror(errno));
-    if (const auto cause = objection(file.get()); !cause.empty())
-        return refuse(FileProblem::Kind::unreadable, cause);
-    const auto bytes = readAll(file.get(), longestFile);
-    if (!bytes) return refuse(FileProblem::Kind::unreadable, std::strerror(errno));
-    const auto dictionary = readDictionary(*bytes);
-    const Array* list = dictionary ? valueForKey(*dictionary, "accounts").as<Array>() : nullptr;
-    if (!list) return refuse(FileProblem::Kind::malformed, "Holds no list of accounts");
+    if (!file) return file.problem();
+    const int fd = file.value().get();
+    if (const auto trusted = checkTrust(fd, hostPath_); !trusted) return trusted.problem();
+    const auto bytes = readAll(fd, longestFile, hostPath_);
+    if (!bytes) return bytes.problem();
+    const auto dictionary = parseDictionary(bytes.value(), hostPath_);
+    const Array* list = dictionary ? valueForKey(dictionary.value(), "accounts").as<Array>() : nullptr;
+    if (!list) return Problem{Kind::malformed, hostPath_, "Holds no list of accounts"};
     Entries result;
     for (const auto& value : *list)
         if (auto found = entry(value)) result.push_back(std::move(*found));

@@ -5,9 +5,9 @@
 
 namespace prismo {
 
-std::optional<FileProblem> AccountService::requestAccess(std::function<void(bool)> completion) {
-    std::optional<FileProblem> problem;
-    const bool granted = file_.read(&problem).has_value();
+Result<> AccountService::requestAccess(std::function<void(bool)> completion) {
+    const auto entries = file_.read();
+    const bool granted = static_cast<bool>(entries);
     std::erase_if(answers_, [](const Answer& answer) { return answer.isGiven->load(); });
     Answer answer;
     try {
@@ -15,7 +15,7 @@ std::optional<FileProblem> AccountService::requestAccess(std::function<void(bool
             try {
                 completion(granted);
             } catch (const NoCurrentDevice&) {
-                // The host has let go of the device while this was on its way: nobody is left to be told.
+                // The host has let the device go in the meantime, so nobody needs the answer.
             }
             *isGiven = true;
         });
@@ -23,22 +23,26 @@ std::optional<FileProblem> AccountService::requestAccess(std::function<void(bool
     } catch (const std::system_error&) {
         completion(false);
     }
-    return problem;
+    if (granted || entries.problem().kind == Problem::Kind::missing) return Done{};
+    return entries.problem();
 }
 
 std::vector<Account> AccountService::accounts() const {
     std::vector<Account> result;
-    for (auto& entry : file_.read().value_or(AccountFile::Entries{}))
+    auto entries = file_.read();
+    if (!entries) return result;
+    for (auto& entry : entries.value())
         result.push_back(std::move(entry.account));
     return result;
 }
 
 void AccountService::send(const AccountRequest& request, std::function<void(int)> completion) const {
-    const auto entries = file_.read().value_or(AccountFile::Entries{});
-    const auto found = std::ranges::find_if(entries, [&](const AccountFile::Entry& entry) {
+    const auto entries = file_.read();
+    if (!entries) return completion(0);
+    const auto found = std::ranges::find_if(entries.value(), [&](const AccountFile::Entry& entry) {
         return entry.account.identifier == request.account.identifier;
     });
-    auto* sender = found == entries.end() ? nullptr : sender_();
+    auto* sender = found == entries.value().end() ? nullptr : sender_();
     if (!sender) return completion(0);
     sender->send(request, found->secrets, std::move(completion));
 }

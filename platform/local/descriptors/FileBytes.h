@@ -1,35 +1,37 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
 #include "platform/foundation/Value.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <cstddef>
 #include <fcntl.h>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
 
 namespace prismo {
 
-/// To open with: a FIFO without a writer and a terminal are not waited for.
+// A problem has the path that the caller gives for the file.
+
+/// Flags for opening without waiting: neither for the writer of a FIFO nor for a terminal.
 inline constexpr int atOnce = O_NONBLOCK | O_NOCTTY;
 
-/// Why what was opened is no file to read or to replace, in words; "" where it is a regular one.
-std::string notRegular(const struct stat& status);
+/// The status of an open file. The problem (unreadable) if it is not a regular file.
+Result<struct stat> regularStatus(int descriptor, const std::string& path);
 
-/// All bytes of a regular file, from where it stands. Nothing, with errno set, where reading failed; EFBIG
-/// where it has more than `limit`.
-std::optional<Data> readAll(int descriptor, std::size_t limit);
-/// The same into `bytes`, whose memory is used again, where the caller has asked for the file's status.
-/// False, with errno set, where it failed; with EFBIG it holds the first `limit` bytes and one more.
-bool readAll(int descriptor, const struct stat& status, std::size_t limit, Data& bytes);
+/// All bytes of a regular file, from the current position on. Fails if it has more than `limit`.
+Result<Data> readAll(int descriptor, std::size_t limit, const std::string& path);
+/// The same into `bytes`, whose memory is reused, for a caller that already has the status of the file. Of a
+/// longer file it reads the first `limit` bytes and one more, and succeeds.
+Result<> readStart(int descriptor, const struct stat& status, std::size_t limit, Data& bytes,
+                   const std::string& path);
 
-/// False, with errno set, where not all of it could be written.
-bool writeAll(int descriptor, std::string_view bytes);
+/// Writes all bytes, or fails (unwritable).
+Result<> writeAll(int descriptor, std::string_view bytes, const std::string& path);
 
-/// Brings the open directory's entries to the disk, as far as its file system does that. False, with errno
-/// set, where it failed.
+/// Brings the entries of the open directory to the disk, as far as its file system can do that. Fails as
+/// `fsync` does: returns false with errno set.
 bool syncDirectory(int directory);
 
 } // namespace prismo

@@ -1,18 +1,19 @@
 #include "platform/local/descriptors/PollDriver.h"
 
+#include "platform/foundation/Result.h"
+#include "platform/local/descriptors/SystemProblem.h"
+
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <ctime>
 #include <poll.h>
 #include <sys/eventfd.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace prismo {
 
 PollDriver::PollDriver(Clock clock) : clock_(clock), wakeUps_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (!wakeUps_) throw std::system_error(errno, std::generic_category(), "eventfd");
+    if (!wakeUps_) throw ProblemError(systemProblem(Problem::Kind::unreadable, "eventfd"));
 }
 
 RunLoop::Time PollDriver::now() {
@@ -21,13 +22,13 @@ RunLoop::Time PollDriver::now() {
 }
 
 void PollDriver::wait(std::optional<RunLoop::Time> deadline) {
-    // What an outer wait has left comes first: its descriptors would only be reported a second time.
+    // First dispatch what an outer wait has left: poll would only report those descriptors again.
     if (ready_.empty()) poll(deadline);
     dispatch();
 }
 
 void PollDriver::wakeUp() {
-    // Fails only where the counter is full, and then the wait ends anyway.
+    // This fails only if the counter is full, and then the wait ends anyway.
     [[maybe_unused]] const auto written = ::eventfd_write(wakeUps_.get(), 1);
 }
 
@@ -45,7 +46,7 @@ std::shared_ptr<void> PollDriver::holdClock() {
     if (clock_ != Clock::virtualTime) return nullptr;
     ++holds_;
     return {this, [](PollDriver* driver) {
-                // In this order: the wait that this ends finds the clock free.
+                // The order matters: the wait that this ends must find the clock free.
                 --driver->holds_;
                 driver->wakeUp();
             }};
@@ -80,7 +81,7 @@ void PollDriver::dispatch() {
         const auto watch = std::ranges::find(watches_, ready_.front(), &Watch::id);
         ready_.pop_front();
         if (watch == watches_.end()) continue;
-        // A copy of the pointer: the callback may end its own watch.
+        // Copy the pointer: the callback may end its own watch.
         const auto readable = watch->readable;
         (*readable)();
     }

@@ -13,24 +13,24 @@
 
 namespace prismo {
 
-/// The run loop's driver where nothing but this process' own descriptors is waited for.
+/// The run loop's driver for a host that waits only for descriptors.
 class PollDriver : public DescriptorDriver {
   public:
     enum class Clock {
-        /// The machine's, which stands still while it sleeps.
+        /// The machine's clock, which stops while the machine sleeps.
         monotonic,
-        /// One that moves only by waiting: a wait for a deadline is over at once, with the clock there,
-        /// unless a descriptor is ready or the clock is held.
+        /// A clock that advances only by waiting: a wait for a deadline ends at once, with the clock at the
+        /// deadline, unless a descriptor is ready or the clock is held.
         virtualTime,
     };
 
-    /// Throws std::system_error where the process has no descriptor left.
+    /// Throws ProblemError if the process has no descriptor left.
     explicit PollDriver(Clock clock = Clock::monotonic);
 
     RunLoop::Time now() override;
-    /// A signal ends it early.
+    /// A signal ends the wait early.
     void wait(std::optional<RunLoop::Time> deadline) override;
-    /// Callable from signal handlers too.
+    /// Also callable from a signal handler.
     void wakeUp() override;
 
     void watch(int fd, std::function<void()> readable) override;
@@ -52,8 +52,8 @@ class PollDriver : public DescriptorDriver {
     UniqueFd wakeUps_;
     std::vector<Watch> watches_;
     std::uint64_t watchesMade_ = 0;
-    /// The ids of watches that are ready and not yet dispatched. A number would not do: it may be closed and
-    /// used again in between.
+    /// The ids of watches that are ready and not yet dispatched. A descriptor would not do: it may be closed
+    /// and its number reused in between.
     std::deque<std::uint64_t> ready_;
 };
 

@@ -4,14 +4,14 @@
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <utility>
 
 namespace prismo {
 
 namespace {
 
 constexpr const char* directory = "/var/run/desktop-icons/";
-// More than any icon takes.
+// Larger than any icon.
 constexpr std::size_t largestIcon = std::size_t{16} << 20;
 
 } // namespace
@@ -29,11 +29,12 @@ void DesktopIcons::adopt(std::vector<InstalledApplication>& applications) {
 std::optional<Data> DesktopIcons::read(const std::string& path) const {
     const auto found = files_.find(path);
     if (found == files_.end()) return {};
-    // Another file may have taken its place, one that would make the reader wait.
-    const UniqueFd file(::open(found->second.c_str(), O_RDONLY | O_CLOEXEC | atOnce));
-    struct stat status {};
-    if (!file || ::fstat(file.get(), &status) != 0 || !notRegular(status).empty()) return {};
-    return readAll(file.get(), largestIcon);
+    const auto& hostPath = found->second;
+    // Another file may have taken its place, such as a FIFO, which a reader would wait for.
+    const UniqueFd file(::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | atOnce));
+    if (!file || !regularStatus(file.get(), hostPath)) return {};
+    auto bytes = readAll(file.get(), largestIcon, hostPath);
+    return bytes ? std::optional(std::move(bytes).value()) : std::nullopt;
 }
 
 } // namespace prismo

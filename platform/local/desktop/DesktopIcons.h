@@ -9,18 +9,19 @@
 
 namespace prismo {
 
-/// Icon files of this machine under paths of the device. Only what an application of the desktop names is
-/// reached in this way, under a path that is made up for it.
+/// Icon files of this machine, under paths of the device. Only the icons that the desktop's applications name
+/// can be reached in this way, each under an invented path.
 class DesktopIcons {
   public:
-    /// From now on these are the icons; `iconPath` becomes the device's path.
+    /// From now on these are the icons. Changes each `iconPath` to the device's path.
     void adopt(std::vector<InstalledApplication>& applications);
     bool holds(const std::string& path) const { return files_.contains(path); }
-    /// The icon's bytes; nothing where `path` is none of these or the file cannot be read.
+    /// The bytes of the icon. Returns nullopt if `path` is not one of these or the file cannot be read: the
+    /// row of an application does without its icon.
     std::optional<Data> read(const std::string& path) const;
 
   private:
-    /// The files of this machine by the device's paths.
+    /// The device's path of each icon, and the file on this machine.
     std::map<std::string, std::string> files_;
 };
 

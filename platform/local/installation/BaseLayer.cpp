@@ -4,11 +4,11 @@
 
 namespace prismo {
 
-std::string baseLayerDirectory() {
-    std::error_code error;
-    const auto program = runningProgram(error);
-    if (error) return {}; // not a place that goes with the working directory
-    return (program.parent_path() / PRISMO_BASE_LAYER).lexically_normal();
+Result<std::string> baseLayerDirectory() {
+    // Without it, the path would be relative to the working directory.
+    const auto program = runningProgram();
+    if (!program) return program.problem();
+    return (program.value().parent_path() / PRISMO_BASE_LAYER).lexically_normal().string();
 }
 
 } // namespace prismo

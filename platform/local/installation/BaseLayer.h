@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+
 #include <string>
 
 namespace prismo {
 
-/// The directory of this machine that holds, under the device's own paths, the read-only files which the
-/// product ships for every device. It goes with the running program, installed or in its build tree; it may
-/// be missing. "" where it cannot be told.
-std::string baseLayerDirectory();
+/// The directory of this machine that has the read-only files which the product ships for every device, under
+/// the device's own paths. It belongs to the running program, whether that is installed or in its build tree.
+/// It may not exist. Fails if the running program is unknown.
+Result<std::string> baseLayerDirectory();
 
 } // namespace prismo

@@ -2,20 +2,22 @@
 
 #include "platform/local/installation/RunningProgram.h"
 
+#include <system_error>
+
 namespace prismo {
 
-std::filesystem::path ownInstallation(std::string& cause) {
+Result<std::filesystem::path> ownInstallation() {
+    using std::filesystem::perms;
+    const auto program = runningProgram();
+    if (!program) return program.problem().as(Problem::Kind::missingService);
+    const auto directory = program.value().parent_path();
+    const auto prefix = directory.parent_path();
     std::error_code error;
-    const auto program = runningProgram(error);
-    const auto prefix = program.parent_path().parent_path();
-    const auto permissions = error ? std::filesystem::perms::none : status(prefix, error).permissions();
-    if (error)
-        cause = error.message();
-    else if ((permissions & std::filesystem::perms::others_write) != std::filesystem::perms::none)
-        cause = "Everybody can write to " + prefix.string();
-    else
-        return program.parent_path();
-    return {};
+    const auto permissions = status(prefix, error).permissions();
+    if (error) return Problem{Problem::Kind::missingService, prefix, error.message()};
+    if ((permissions & perms::others_write) != perms::none)
+        return Problem{Problem::Kind::missingService, directory, "Everybody can write to " + prefix.string()};
+    return directory;
 }
 
 } // namespace prismo

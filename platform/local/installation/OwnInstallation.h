@@ -1,13 +1,14 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+
 #include <filesystem>
-#include <string>
 
 namespace prismo {
 
-/// The directory of the running program, beside which the code that it loads is installed. Empty, with
-/// `cause` set, where that cannot be told, or where everybody can write to the directory above it: what
-/// stands in /tmp is nobody's installation.
-std::filesystem::path ownInstallation(std::string& cause);
+/// The directory of the running program. The code that it loads is installed relative to it. Fails
+/// (missingService) if the directory is unknown, or if everybody can write to its parent: what is in /tmp is
+/// not an installation.
+Result<std::filesystem::path> ownInstallation();
 
 } // namespace prismo

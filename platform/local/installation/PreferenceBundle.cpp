@@ -2,56 +2,59 @@
 
 #include "platform/foundation/Class.h"
 #include "platform/local/descriptors/FileBytes.h"
+#include "platform/local/descriptors/SystemProblem.h"
 #include "platform/local/installation/BaseLayer.h"
 #include "platform/local/installation/OwnInstallation.h"
 #include "platform/plist/PropertyListGuard.h"
 #include "platform/plist/PropertyListReader.h"
 
-#include <cerrno>
-#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <stdexcept>
 
 namespace prismo {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& file, const std::string& cause) {
-    throw std::runtime_error(file + ": " + cause);
+Problem failure(const std::string& file, const std::string& cause) {
+    return {Problem::Kind::missingService, file, cause};
 }
 
-std::string bundleDirectory(std::string_view name) {
+Result<std::string> bundleDirectory(std::string_view name) {
     const auto path = preferenceBundlePath(name);
-    if (!path) throw std::runtime_error("no bundle can be named '" + std::string(name) + "'");
-    auto directory = baseLayerDirectory() + *path;
-    std::string cause;
-    if (ownInstallation(cause).empty()) fail(directory, cause);
+    if (!path) return failure("", "no bundle can be named '" + std::string(name) + "'");
+    const auto base = baseLayerDirectory();
+    if (!base) return base.problem();
+    auto directory = base.value() + *path;
+    const auto installation = ownInstallation();
+    if (!installation) return failure(directory, installation.problem().cause);
     return directory;
 }
 
-Dictionary readInfo(const std::string& path) {
+Result<Dictionary> readInfo(const std::string& path) {
     const UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    const auto bytes = file ? readAll(file.get(), maximumPropertyListSize) : std::nullopt;
-    if (!bytes) fail(path, std::strerror(errno));
-    auto info = readDictionary(*bytes);
-    if (!info) fail(path, "not a property list");
-    return *std::move(info);
+    if (!file) return systemProblem(Problem::Kind::missingService, path);
+    const auto bytes = readAll(file.get(), maximumPropertyListSize, path);
+    if (!bytes) return bytes.problem();
+    auto info = parseDictionary(bytes.value(), path);
+    if (!info) return failure(path, "not a property list");
+    return info;
 }
 
-std::string nameIn(const Dictionary& info, const std::string& key, const std::string& infoPath) {
+/// The text under `key`, which names a file or a class.
+Result<std::string> nameIn(const Dictionary& info, const std::string& key, const std::string& infoPath) {
     const auto& name = valueForKey(info, key).text();
-    if (name.empty() || name.find('/') != std::string::npos) fail(infoPath, "names no " + key);
+    if (name.empty() || name.find('/') != std::string::npos) return failure(infoPath, "names no " + key);
     return name;
 }
 
-void registerClassesOf(const std::string& executable) {
-    // Its classes are known by name from now on, so it stays.
+Result<> registerClassesOf(const std::string& executable) {
+    // It stays loaded, since its classes can be found by name from now on.
     void* library = ::dlopen(executable.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!library) throw std::runtime_error(::dlerror()); // which names the file
+    if (!library) return failure("", ::dlerror()); // the text names the file
     auto* registerClasses = reinterpret_cast<void (*)()>(::dlsym(library, "registerBundleClasses"));
-    if (!registerClasses) fail(executable, "not a settings bundle");
+    if (!registerClasses) return failure(executable, "not a settings bundle");
     registerClasses();
+    return Done{};
 }
 
 } // namespace
@@ -65,16 +68,21 @@ bool isPlainName(std::string_view name) {
     return !name.empty() && !name.starts_with('.') && name.find('/') == std::string_view::npos;
 }
 
-const Class& loadPreferenceBundle(std::string_view name) {
+Result<const Class*> loadPreferenceBundle(std::string_view name) {
     const auto directory = bundleDirectory(name);
-    const auto infoPath = directory + "Info.plist";
+    if (!directory) return directory.problem();
+    const auto infoPath = directory.value() + "Info.plist";
     const auto info = readInfo(infoPath);
-    const auto executable = directory + nameIn(info, "CFBundleExecutable", infoPath);
-    const auto principal = nameIn(info, "NSPrincipalClass", infoPath);
-    registerClassesOf(executable);
-    const auto* principalClass = NSClassFromString(principal);
-    if (!principalClass) fail(executable, "has no class " + principal);
-    return *principalClass;
+    if (!info) return info.problem().as(Problem::Kind::missingService);
+    const auto executable = nameIn(info.value(), "CFBundleExecutable", infoPath);
+    if (!executable) return executable.problem();
+    const auto principal = nameIn(info.value(), "NSPrincipalClass", infoPath);
+    if (!principal) return principal.problem();
+    const auto file = directory.value() + executable.value();
+    if (const auto registered = registerClassesOf(file); !registered) return registered.problem();
+    const auto* principalClass = NSClassFromString(principal.value());
+    if (!principalClass) return failure(file, "has no class " + principal.value());
+    return principalClass;
 }
 
 } // namespace prismo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,17 +10,17 @@ namespace prismo {
 
 class Class;
 
-/// The device's path, with "/" at its end, of the settings bundle of that name ("Prismo2Prefs"); nothing
-/// where no bundle can be named so.
+/// The device's path, ending in "/", of the settings bundle with that name ("Prismo2Prefs"). Returns nullopt
+/// if no bundle can have that name.
 std::optional<std::string> preferenceBundlePath(std::string_view name);
-/// Whether a directory can have an entry of that name that is not hidden: no path leads through it.
+/// Can a directory have an entry with that name that is not hidden? No path leads through such a name.
 bool isPlainName(std::string_view name);
 
-/// Loads the settings bundle of that name from the base layer and returns the class that its
-/// Info.plist names as its principal one. The program has to export the framework classes, which a bundle
-/// does not bring (`prismo_bundle_host` in its CMake file). A device root may hold bundles too, but no code
-/// is ever loaded from it, nor from beside a program that stands where everybody can write. Throws
-/// std::runtime_error, naming the file and the cause, where it cannot be loaded.
-const Class& loadPreferenceBundle(std::string_view name);
+/// Loads the settings bundle with that name from the base layer, and returns the class that its Info.plist
+/// names as the principal one. The program must export the framework classes, which a bundle does not bring
+/// (`prismo_bundle_host` in its CMake file). A device root may have bundles too, but this never loads code
+/// from there, nor if everybody can write to the directory above the program's. Fails (missingService),
+/// naming the file and the cause, if the bundle cannot be loaded.
+Result<const Class*> loadPreferenceBundle(std::string_view name);
 
 } // namespace prismo

@@ -1,9 +1,15 @@
 #include "platform/local/installation/RunningProgram.h"
 
+#include <system_error>
+
 namespace prismo {
 
-std::filesystem::path runningProgram(std::error_code& error) {
-    return std::filesystem::read_symlink("/proc/self/exe", error);
+Result<std::filesystem::path> runningProgram() {
+    constexpr const char* link = "/proc/self/exe";
+    std::error_code error;
+    auto program = std::filesystem::read_symlink(link, error);
+    if (error) return Problem{Problem::Kind::missing, link, error.message()};
+    return program;
 }
 
 } // namespace prismo

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+
 #include <filesystem>
-#include <system_error>
 
 namespace prismo {
 
-/// The file of the running program, beside which the product's other files are. Empty, with `error` set,
-/// where the system does not tell it.
-std::filesystem::path runningProgram(std::error_code& error);
+/// The file of the running program. The product's other files are found from there. Fails if the system does
+/// not know it.
+Result<std::filesystem::path> runningProgram();
 
 } // namespace prismo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Result.h"
+
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -7,23 +9,29 @@
 
 namespace prismo {
 
-/// Finds `maker` in the service's shared library and keeps the library for the life of the process. Libraries
-/// are looked for in one place only, which goes with the running program; the environment and the working
-/// directory have no say. Null where that fails: `path` and `cause` then say what and why.
-void* findServiceMaker(const std::string& service, const char* maker, std::string& path, std::string& cause);
+/// The function `maker` in the shared library of a service, and that library's path.
+struct ServiceMaker {
+    std::string library;
+    void* function = nullptr;
+};
 
-/// A service of a shared library of its own, loaded and made when it is first asked for. An `Interface` names
-/// its library (`serviceName`) and the library's function that makes one (`serviceMaker`). Callable from
-/// every thread.
+/// Finds `maker` in the service's shared library, which stays loaded for the life of the process. Looks in
+/// one place only, which belongs to the running program; the environment and the working directory do not
+/// matter. Fails as missingService.
+Result<ServiceMaker> findServiceMaker(const std::string& service, const char* maker);
+
+/// A service in a shared library of its own, which is loaded on first use. An `Interface` names its library
+/// (`serviceName`) and the library's function that makes the service (`serviceMaker`). Callable from any
+/// thread.
 template <typename Interface>
 class ServiceLibrary {
   public:
-    /// What is missing, with the path on this machine; called once, on the thread that asked first.
-    using Report = std::function<void(std::string path, std::string cause)>;
+    /// Gets the problem, once, on the thread that asked first.
+    using Report = std::function<void(const Problem&)>;
 
     explicit ServiceLibrary(Report report) : report_(std::move(report)) {}
 
-    /// Null where the library is not installed or cannot be loaded.
+    /// Null if the library is not installed or cannot be loaded.
     Interface* service() {
         std::call_once(asked_, [this] { load(); });
         return service_.get();
@@ -31,12 +39,10 @@ class ServiceLibrary {
 
   private:
     void load() {
-        std::string path;
-        std::string cause;
-        auto* maker = findServiceMaker(Interface::serviceName, Interface::serviceMaker, path, cause);
-        if (maker) service_.reset(reinterpret_cast<Interface* (*)()>(maker)());
-        if (maker && !service_) cause = "Cannot be started";
-        if (!service_) report_(std::move(path), std::move(cause));
+        const auto maker = findServiceMaker(Interface::serviceName, Interface::serviceMaker);
+        if (!maker) return report_(maker.problem());
+        service_.reset(reinterpret_cast<Interface* (*)()>(maker.value().function)());
+        if (!service_) report_({Problem::Kind::missingService, maker.value().library, "Cannot be started"});
     }
 
     Report report_;

@@ -1,5 +1,6 @@
 #include "platform/local/processes/ChildProcess.h"
 
+#include "platform/local/descriptors/SystemProblem.h"
 #include "platform/local/descriptors/UniqueFd.h"
 
 #include <array>
@@ -28,7 +29,7 @@ class FileActions {
     posix_spawn_file_actions_t actions_{};
 };
 
-/// `texts` as the kernel takes them: pointers into them, and a null.
+/// `texts` as the kernel takes them: pointers to them, then null.
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
     result.reserve(texts.size() + 1);
@@ -38,13 +39,13 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
     return result;
 }
 
-/// Collects the child when it ends, so that it leaves no zombie.
+/// Waits for the child in the background, so that it leaves no zombie.
 ///
-/// A thread that waits for this one child meddles with nothing of the host's: neither its signal handlers nor
-/// its other children, and it needs no run loop that turns.
+/// A thread that waits for this one child does not interfere with the host's signal handlers or its other
+/// children, and needs no run loop.
 void collectInBackground(pid_t child) {
     if (::waitpid(child, nullptr, WNOHANG) != 0) return;
-    // The host's signals are not for that thread, which inherits the mask.
+    // The thread inherits the mask: it must not handle the host's signals.
     sigset_t all;
     sigset_t previous;
     ::sigfillset(&all);
@@ -52,7 +53,7 @@ void collectInBackground(pid_t child) {
     try {
         std::thread([child] { ::waitpid(child, nullptr, 0); }).detach();
     } catch (const std::system_error&) {
-        // No thread to be had: the zombie goes when this process does.
+        // Without a thread, the zombie stays until this process ends.
     }
     ::pthread_sigmask(SIG_SETMASK, &previous, nullptr);
 }
@@ -71,27 +72,26 @@ std::string readToEnd(int fd) {
 
 } // namespace
 
-std::optional<std::string> runAndRead(const std::string& executable,
-                                      const std::vector<std::string>& arguments) {
+Result<std::string> runAndRead(const std::string& executable, const std::vector<std::string>& arguments) {
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return systemProblem(Problem::Kind::notStarted, executable);
     const UniqueFd output(ends[0]);
     UniqueFd input(ends[1]);
 
     auto texts = arguments;
     texts.insert(texts.begin(), executable);
     FileActions actions;
-    // In this order: where the host has closed its own, an end of the pipe may be descriptor 0.
+    // The order matters: if the host has closed its standard input, an end of the pipe may be descriptor 0.
     ::posix_spawn_file_actions_adddup2(actions.get(), input.get(), STDOUT_FILENO);
     ::posix_spawn_file_actions_addopen(actions.get(), STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     ::posix_spawn_file_actions_addopen(actions.get(), STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     pid_t child = -1;
-    if (::posix_spawn(&child, executable.c_str(), actions.get(), nullptr, pointers(texts).data(), environ) !=
-        0)
-        return std::nullopt;
+    errno =
+        ::posix_spawn(&child, executable.c_str(), actions.get(), nullptr, pointers(texts).data(), environ);
+    if (errno != 0) return systemProblem(Problem::Kind::notStarted, executable);
     input.reset();
     auto result = readToEnd(output.get());
-    // It may have closed its output and go on.
+    // It may have closed its output and still be running.
     collectInBackground(child);
     return result;
 }

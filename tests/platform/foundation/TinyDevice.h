@@ -17,20 +17,23 @@ class TinyDevice : public Device {
     std::chrono::system_clock::time_point wallClock() override { return {}; }
     std::optional<Dictionary> readPropertyList(const std::string&) override { return std::nullopt; }
     std::optional<Data> readFile(const std::string&) override { return std::nullopt; }
-    void observe(const std::string& name) override { observed_.push_back(name); }
+    Result<> observe(const std::string& name) override {
+        observed_.push_back(name);
+        return Done{};
+    }
     void requestAccountAccess(std::function<void(bool)> completion) override { completion(false); }
     std::vector<Account> accounts() override { return {}; }
 
   protected:
-    bool write(const std::string&, const Dictionary&, WriteMode) override { return true; }
-    bool post(const std::string& name) override {
+    Result<> write(const std::string&, const Dictionary&, WriteMode) override { return Done{}; }
+    Result<> post(const std::string& name) override {
         posts.push_back(name);
         if (std::ranges::find(observed_, name) != observed_.end())
             loop_.perform([this, name] { systemCenter().deliver(name); });
-        return true;
+        return Done{};
     }
-    std::optional<std::string> run(const std::string&, const std::vector<std::string>&) override {
-        return std::nullopt;
+    Result<std::string> run(const std::string& executable, const std::vector<std::string>&) override {
+        return Problem{Problem::Kind::notStarted, executable, "There are no processes"};
     }
     int start(const std::string&, const std::vector<std::string>&, const std::vector<std::string>&) override {
         return 0;

@@ -1,4 +1,4 @@
-// Following an account, from the prompt to a server that checks the signature, with the threads of a real
+// Follows an account, from the prompt to a server that checks the signature, with the threads of a real
 // device.
 
 #include "kit/FBWelcomeTwitterHandler.h"
@@ -24,7 +24,7 @@ using Lines = std::vector<std::string>;
 
 constexpr const char* serviceHost = "api.twitter.com";
 
-/// Sends its requests as the real one does, but to the server of the test.
+/// Sends its requests as the real device does, but to the test's server.
 class LoopbackDevice : public LinuxDevice {
   public:
     LoopbackDevice(const DeviceRoot& root, const SigningServer& server)
@@ -45,7 +45,7 @@ class FollowTest : public testing::Test, public AccountWorld {
   protected:
     FollowTest() { UIApplication::restart(); }
 
-    /// The person has accounts of these names, all with the secrets that the server knows.
+    /// The person has accounts with these names, all with the secrets that the server knows.
     void keepAccounts(const Lines& usernames) {
         std::string entries;
         for (const auto& username : usernames)
@@ -123,7 +123,7 @@ TEST_F(FollowTest, NoAccountOpensTheProfileInstead) {
     EXPECT_FALSE(server.hasRequest());
 }
 
-TEST_F(FollowTest, AccountWithOtherSecretsIsRefusedAndThankedAllTheSame) {
+TEST_F(FollowTest, AccountWithOtherSecretsIsRefusedButThanked) {
     writeAccounts(entry("1", "amy"));
     acceptInvitation();
     EXPECT_EQ(nextAlert()->message(), "Awesome. Thanks for following me ^-^");

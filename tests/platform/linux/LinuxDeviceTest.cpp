@@ -18,9 +18,9 @@ class LinuxServicesTest : public testing::Test, public AccountWorld {
   protected:
     LinuxServicesTest() {
         device->setEffectObserver([this](const Effect& effect) { effects.push_back(effect); });
-        device->setProblemObserver([this](const FileProblem& problem) { problems.push_back(problem); });
+        device->setProblemObserver([this](const Problem& problem) { problems.push_back(problem); });
     }
-    /// The path on the device of an application's icon.
+    /// The device's path of an application's icon.
     std::string icon(const std::string& id) {
         for (const auto& application : device->installedApplications())
             if (application.displayIdentifier == id) return application.iconPath;
@@ -36,7 +36,7 @@ class LinuxServicesTest : public testing::Test, public AccountWorld {
 
     DesktopWorld& desktop = DesktopWorld::shared();
     std::vector<Effect> effects;
-    std::vector<FileProblem> problems;
+    std::vector<Problem> problems;
     std::optional<LinuxDevice> device{std::in_place, root().hostPath("/")};
 };
 
@@ -54,7 +54,7 @@ TEST_F(LinuxServicesTest, RootWithAnApplicationHasOnlyItsOwn) {
     EXPECT_EQ(all[0].displayIdentifier, "com.example.one");
 }
 
-TEST_F(LinuxServicesTest, ApplicationOfTheDesktopThatNoFileOfSettingsCouldNameIsLeftOut) {
+TEST_F(LinuxServicesTest, DesktopApplicationThatNoSettingsFileCanNameIsLeftOut) {
     EXPECT_EQ(icon("con\x01trol"), "none such");
 }
 
@@ -77,7 +77,7 @@ TEST_F(LinuxServicesTest, LinkIsOpenedByTheDesktop) {
               (std::vector<std::string>{"--link", "tweetbot:///user_profile/quillmoth"}));
 }
 
-TEST_F(LinuxServicesTest, LinkThatNobodyOpensIsRefused) {
+TEST_F(LinuxServicesTest, LinkWithoutAHandlerIsRefused) {
     EXPECT_FALSE(device->canOpenURL("twitterrific:"));
     EXPECT_FALSE(device->openURL("http://example.com/a b"));
 }
@@ -100,10 +100,10 @@ TEST_F(LinuxServicesTest, AccountFileThatOthersReadIsAProblem) {
     EXPECT_EQ(problems[0].path, file());
 }
 
-TEST_F(LinuxServicesTest, RequestIsToldWithoutItsSecrets) {
+TEST_F(LinuxServicesTest, RequestIsRecordedWithoutItsSecrets) {
     writeAccounts(entry("1", "amy", {"hushKey", "hushSecret", "hushToken", "hushTokenSecret"}));
     Answer<int> status;
-    // Nothing but HTTPS is sent.
+    // Only HTTPS is sent.
     device->performRequest({"POST", "http://127.0.0.1:1/x", {{"follow", "FALSE"}}, {"1", "amy"}},
                            status.completion());
     EXPECT_EQ(status.get(), 0);
@@ -115,7 +115,7 @@ TEST_F(LinuxServicesTest, RequestIsToldWithoutItsSecrets) {
     EXPECT_TRUE(problems.empty());
 }
 
-TEST_F(LinuxServicesTest, VirtualTimeStandsUntilAnswersHaveCome) {
+TEST_F(LinuxServicesTest, VirtualTimeWaitsForAnswers) {
     writeAccounts(entry("1", "amy"));
     LinuxDevice inVirtualTime(root().hostPath("/"), LinuxDevice::Clock::virtualTime);
     auto& loop = inVirtualTime.runLoop();
@@ -130,7 +130,7 @@ TEST_F(LinuxServicesTest, VirtualTimeStandsUntilAnswersHaveCome) {
     EXPECT_EQ(answered, RunLoop::Time::zero());
 }
 
-TEST_F(LinuxServicesTest, WhatCouldNotBeDoneIsNoEffect) {
+TEST_F(LinuxServicesTest, FailedOperationIsNotAnEffect) {
     std::filesystem::create_directories(root().hostPath("/var/run"));
     std::ofstream(root().hostPath("/var/run/notify")) << "in the way";
     device->postNotification("a.b");
@@ -139,11 +139,11 @@ TEST_F(LinuxServicesTest, WhatCouldNotBeDoneIsNoEffect) {
     EXPECT_TRUE(effects.empty());
 }
 
-TEST_F(LinuxServicesTest, EndAnswersWhatIsOutstanding) {
+TEST_F(LinuxServicesTest, DestructorWaitsForAnswers) {
     writeAccounts(entry("1", "amy"));
     Answer<bool> granted;
     Answer<int> status;
-    // The optional says that it is empty before the device in it has ended.
+    // The optional counts as empty before its device is destroyed.
     auto& ending = *device;
     device->requestAccountAccess([&](bool answer) {
         ending.performRequest({"POST", "http://127.0.0.1:1/x", {}, {"1", "amy"}}, status.completion());

@@ -15,7 +15,7 @@ constexpr const char* path = "/User/Library/Preferences/a.plist";
 
 struct MemoryDeviceTest : testing::Test {
     MemoryDeviceTest() {
-        device.setProblemObserver([this](const FileProblem& problem) { problems.push_back(problem); });
+        device.setProblemObserver([this](const Problem& problem) { problems.push_back(problem); });
         heard = 0;
     }
     void observe(const char* name) {
@@ -27,12 +27,12 @@ struct MemoryDeviceTest : testing::Test {
     }
 
     MemoryDevice device;
-    std::vector<FileProblem> problems;
+    std::vector<Problem> problems;
     std::shared_ptr<NSObject> listener = std::make_shared<NSObject>();
     static inline int heard = 0;
 };
 
-TEST_F(MemoryDeviceTest, MissingFileReadsAsNothingAndIsNoProblem) {
+TEST_F(MemoryDeviceTest, MissingFileIsNotAProblem) {
     EXPECT_EQ(device.readPropertyList(path), std::nullopt);
     EXPECT_EQ(device.readFile(path), std::nullopt);
     EXPECT_TRUE(problems.empty());
@@ -51,7 +51,7 @@ TEST_F(MemoryDeviceTest, WritingReplacesTheWholeFile) {
     EXPECT_EQ(device.readPropertyList(path), (Dictionary{{"b", 2}}));
 }
 
-TEST_F(MemoryDeviceTest, WhatIsNoPropertyListIsNotWritten) {
+TEST_F(MemoryDeviceTest, ValueThatIsNotAPropertyListIsNotWritten) {
     EXPECT_FALSE(write({{"a", NSObject::classObject()}}));
     EXPECT_FALSE(write({{"a", listener}}));
     EXPECT_FALSE(write({{"a", Value()}}));
@@ -62,18 +62,27 @@ TEST_F(MemoryDeviceTest, WhatIsNoPropertyListIsNotWritten) {
 TEST_F(MemoryDeviceTest, FileOfAnotherContentIsMalformed) {
     device.setFile(path, {'n', 'o'});
     EXPECT_EQ(device.readPropertyList(path), std::nullopt);
-    EXPECT_EQ(problems,
-              (std::vector{FileProblem{FileProblem::Kind::malformed, path, "not a property list"}}));
+    EXPECT_EQ(problems, (std::vector{Problem{Problem::Kind::malformed, path, "not a property list"}}));
     EXPECT_EQ(device.readFile(path), (Data{'n', 'o'}));
 }
 
-TEST_F(MemoryDeviceTest, FailingReadIsAProblemUntilItIsTakenBack) {
+TEST_F(MemoryDeviceTest, FailingReadIsAProblemUntilSwitchedOff) {
     write({{"a", 1}});
     device.failReads(path, "Permission denied");
     EXPECT_EQ(device.readPropertyList(path), std::nullopt);
-    EXPECT_EQ(problems, (std::vector{FileProblem{FileProblem::Kind::unreadable, path, "Permission denied"}}));
+    EXPECT_EQ(problems, (std::vector{Problem{Problem::Kind::unreadable, path, "Permission denied"}}));
     device.failReads(path, "");
     EXPECT_TRUE(device.readPropertyList(path).has_value());
+    EXPECT_EQ(problems.size(), 1U);
+}
+
+TEST_F(MemoryDeviceTest, FailingReadFailsForBytesToo) {
+    device.setFile(path, {'n', 'o'});
+    device.failReads(path, "Permission denied");
+    EXPECT_EQ(device.readFile(path), std::nullopt);
+    EXPECT_EQ(problems, (std::vector{Problem{Problem::Kind::unreadable, path, "Permission denied"}}));
+    device.failReads(path, "");
+    EXPECT_EQ(device.readFile(path), (Data{'n', 'o'}));
     EXPECT_EQ(problems.size(), 1U);
 }
 
@@ -82,8 +91,7 @@ TEST_F(MemoryDeviceTest, FailingWriteIsAProblemAndLeavesTheFile) {
     device.failWrites(path, "No space left on device");
     EXPECT_FALSE(write({{"a", 2}}));
     EXPECT_EQ(device.readPropertyList(path), (Dictionary{{"a", 1}}));
-    EXPECT_EQ(problems,
-              (std::vector{FileProblem{FileProblem::Kind::unwritable, path, "No space left on device"}}));
+    EXPECT_EQ(problems, (std::vector{Problem{Problem::Kind::unwritable, path, "No space left on device"}}));
     device.failWrites(path, "");
     EXPECT_TRUE(write({{"a", 2}}));
 }
@@ -95,7 +103,7 @@ TEST_F(MemoryDeviceTest, FailuresOfOneFileLeaveOthersAlone) {
     EXPECT_TRUE(device.readPropertyList(path).has_value());
 }
 
-TEST_F(MemoryDeviceTest, ReadsAreCountedByFileFailedOnesToo) {
+TEST_F(MemoryDeviceTest, ReadsAreCountedByFileIncludingFailedOnes) {
     EXPECT_EQ(device.propertyListReads(path), 0);
     device.readPropertyList(path);
     device.failReads(path, "Permission denied");
@@ -131,7 +139,7 @@ TEST_F(MemoryDeviceTest, PostOfANameThatNobodyObservesReachesNobody) {
     EXPECT_EQ(heard, 0);
 }
 
-TEST_F(MemoryDeviceTest, PostFromOutsideIsNoEffect) {
+TEST_F(MemoryDeviceTest, PostFromOutsideIsNotAnEffect) {
     observe("a");
     const EffectLog log(device);
     device.postFromOutside("a");
@@ -159,21 +167,21 @@ TEST_F(MemoryDeviceTest, EffectsComeInTheirOrder) {
     EXPECT_TRUE(log.effects().empty());
 }
 
-TEST_F(MemoryDeviceTest, FailedWriteIsNoEffect) {
+TEST_F(MemoryDeviceTest, FailedWriteIsNotAnEffect) {
     const EffectLog log(device);
     device.failWrites(path, "Input/output error");
     write({});
     EXPECT_TRUE(log.effects().empty());
 }
 
-TEST_F(MemoryDeviceTest, FailedPostIsNoEffect) {
+TEST_F(MemoryDeviceTest, FailedPostIsNotAnEffect) {
     const EffectLog log(device);
     device.failPosts(true);
     device.postNotification("a");
     EXPECT_TRUE(log.effects().empty());
 }
 
-TEST_F(MemoryDeviceTest, FailedTaskIsNoEffectAndPrintsNothing) {
+TEST_F(MemoryDeviceTest, FailedTaskIsNotAnEffectAndPrintsNothing) {
     const EffectLog log(device);
     device.setTaskOutput([](const auto&, const auto&) { return "a"; });
     device.failTasks(true);
@@ -181,14 +189,14 @@ TEST_F(MemoryDeviceTest, FailedTaskIsNoEffectAndPrintsNothing) {
     EXPECT_TRUE(log.effects().empty());
 }
 
-TEST_F(MemoryDeviceTest, FailedSpawnIsNoEffect) {
+TEST_F(MemoryDeviceTest, FailedSpawnIsNotAnEffect) {
     const EffectLog log(device);
     device.failSpawns(ENOENT);
     device.spawn("/x", {}, {});
     EXPECT_TRUE(log.effects().empty());
 }
 
-TEST_F(MemoryDeviceTest, WhatIsNoNotificationsNameIsNotPosted) {
+TEST_F(MemoryDeviceTest, InvalidNotificationNameIsNotPosted) {
     const EffectLog log(device);
     for (const auto& name : {std::string(), std::string("."), std::string(".."), std::string("a/b"),
                              std::string("a\0b", 3), std::string(256, 'a')})
@@ -198,7 +206,7 @@ TEST_F(MemoryDeviceTest, WhatIsNoNotificationsNameIsNotPosted) {
     EXPECT_EQ(log.effects().size(), 1U);
 }
 
-TEST_F(MemoryDeviceTest, TaskPrintsWhatTheWorldSays) {
+TEST_F(MemoryDeviceTest, TaskPrintsTheGivenOutput) {
     EXPECT_EQ(device.runTask("/bin/sh", {}), "");
     device.setTaskOutput([](const std::string& executable, const std::vector<std::string>& arguments) {
         return executable + ' ' + arguments.at(0);
@@ -214,7 +222,7 @@ TEST_F(MemoryDeviceTest, SpawnFailsWithTheGivenNumber) {
     EXPECT_EQ(device.spawn("/x", {}, {}), 0);
 }
 
-TEST_F(MemoryDeviceTest, DateGoesOnWithTheLoopsTime) {
+TEST_F(MemoryDeviceTest, DateAdvancesWithTheRunLoop) {
     const auto date = std::chrono::sys_days(std::chrono::year(2030) / 5 / 6);
     device.runLoop().run(Seconds(10));
     device.setWallClock(date);

@@ -15,7 +15,7 @@ TEST(VirtualTimeTest, StartsAtZeroAndStandsStill) {
     EXPECT_EQ(driver.now(), 0ns);
 }
 
-TEST(VirtualTimeTest, WaitIsOverAtItsDeadline) {
+TEST(VirtualTimeTest, WaitEndsAtItsDeadline) {
     VirtualTimeDriver driver;
     driver.wait(35ms);
     EXPECT_EQ(driver.now(), 35ms);
@@ -44,7 +44,7 @@ TEST(VirtualTimeTest, WaitThatCannotEndThrows) {
     EXPECT_NO_THROW(driver.wait(std::nullopt));
 }
 
-TEST(VirtualTimeTest, LoopPassesADayAtOnceInTheOrderOfItsTimers) {
+TEST(VirtualTimeTest, RunLoopSkipsADayInTheOrderOfItsTimers) {
     MemoryDevice device;
     std::string calls;
     device.runLoop().schedule(Seconds(7200), [&] { calls += "b"; });

@@ -5,7 +5,7 @@ namespace prismo {
 
 namespace {
 
-/// Almost as many as there may be.
+/// Almost as many as the limit allows.
 constexpr std::size_t nodes = maximumPropertyListNodes - 500;
 constexpr std::size_t half = maximumPropertyListNodes / 2 - 10;
 

@@ -14,7 +14,8 @@
 namespace prismo {
 
 inline std::optional<Dictionary> read(std::string_view bytes) {
-    return readDictionary({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    auto parsed = parseDictionary({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, "");
+    return parsed ? std::optional(std::move(parsed).value()) : std::nullopt;
 }
 
 inline std::string repeated(const std::string& text, std::size_t times) {
@@ -37,7 +38,7 @@ inline std::string keys(std::size_t count, const std::function<std::string(std::
     return result + "</dict>";
 }
 
-/// Two letters for each bit, chosen so that all such keys have one sum in the library's table.
+/// Two letters for each bit, chosen so that all such keys have the same hash in the library's table.
 inline std::string collidingKey(std::size_t number) {
     std::string result;
     for (unsigned bit = 0; bit < 16; ++bit)
@@ -45,7 +46,7 @@ inline std::string collidingKey(std::size_t number) {
     return result;
 }
 
-/// A binary file of these objects, the first of them at the top; offsets have four bytes, references two.
+/// A binary file of these objects, with the first one at the top. Offsets have four bytes, references two.
 inline std::string binary(const std::vector<std::string>& objects) {
     const auto number = [](std::uint64_t value, unsigned size) {
         std::string result;
@@ -67,7 +68,7 @@ inline std::string binary(const std::vector<std::string>& objects) {
 inline std::string reference(std::size_t index) {
     return {static_cast<char>(index >> 8), static_cast<char>(index & 0xFF)};
 }
-/// A dictionary of one entry; at 1 stands its key.
+/// A dictionary with one entry, whose key is object 1.
 inline std::string entry(std::size_t value) { return "\xD1" + reference(1) + reference(value); }
 inline std::string array(const std::vector<std::size_t>& items) {
     std::string result = "\xAF\x12";
@@ -78,7 +79,7 @@ inline std::string array(const std::vector<std::size_t>& items) {
     return result;
 }
 
-/// Lists in a chain, each of which holds the next one `width` times.
+/// A chain of lists, each of which contains the next one `width` times.
 inline std::string sharedChain(std::size_t length, std::size_t width) {
     std::vector<std::string> objects{entry(2), "Qk"};
     for (std::size_t i = 0; i < length; ++i)
@@ -87,21 +88,21 @@ inline std::string sharedChain(std::size_t length, std::size_t width) {
     return binary(objects);
 }
 
-/// A file, made when it is needed.
+/// A file that is made when it is needed.
 struct MadeFile {
     std::string name;
     std::function<std::string()> make;
 };
 inline std::string nameOf(const testing::TestParamInfo<MadeFile>& info) { return info.param.name; }
 
-// Sanitized code is slower by itself, not by the file.
+// Sanitized code is slower with any file.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 inline constexpr std::chrono::milliseconds allowed{600};
 #else
 inline constexpr std::chrono::milliseconds allowed{200};
 #endif
 
-/// Processor time: what other processes take meanwhile is not the file's doing, and nothing here waits.
+/// Processor time, so that other processes do not count. Nothing here waits.
 template <typename Act>
 std::chrono::nanoseconds time(Act act) {
     const auto now = [] {

@@ -13,7 +13,8 @@ namespace prismo {
 namespace {
 
 std::optional<Dictionary> read(std::string_view bytes) {
-    return readDictionary({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    auto parsed = parseDictionary({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, "");
+    return parsed ? std::optional(std::move(parsed).value()) : std::nullopt;
 }
 
 /// The value of an XML element.
@@ -23,8 +24,8 @@ Value element(const std::string& xml) {
 }
 
 std::string written(const Dictionary& dictionary) {
-    const auto text = xmlText(dictionary);
-    return std::holds_alternative<std::string>(text) ? std::get<std::string>(text) : "";
+    const auto text = xmlText(dictionary, "");
+    return text ? text.value() : "";
 }
 
 Value throughXml(const Value& value) {
@@ -32,7 +33,7 @@ Value throughXml(const Value& value) {
     return dictionary ? valueForKey(*dictionary, "k") : Value();
 }
 
-/// The value after another program has read our XML and written it in its own way.
+/// The value after another program has read our XML and written it again.
 Value through(const Value& value, const std::string& converter) {
     const TemporaryDirectory directory;
     const auto from = directory.path() / "from.plist";
@@ -61,7 +62,7 @@ std::string utf8(char32_t c) {
 
 Date date(double seconds) { return Date{seconds}; }
 
-/// Of every kind, and at every edge.
+/// Values of every kind, at every limit.
 Dictionary everything() {
     constexpr double yearOne = -63'113'904'000;
     constexpr double year4001 = 63'113'904'000;
@@ -114,12 +115,14 @@ Dictionary everything() {
 
 } // namespace
 
-TEST(PropertyList, EveryValueComesBackAsItWas) {
+TEST(PropertyList, EveryValueComesBackUnchanged) {
     for (const auto& [key, value] : everything())
         EXPECT_EQ(throughXml(value), value) << key;
 }
 
-TEST(PropertyList, AWholeDictionaryComesBackAsItWas) { EXPECT_EQ(read(written(everything())), everything()); }
+TEST(PropertyList, WholeDictionaryComesBackUnchanged) {
+    EXPECT_EQ(read(written(everything())), everything());
+}
 
 TEST(PropertyList, PythonReadsWhatIsWrittenAndWritesItAsBinary) {
     EXPECT_EQ(through(everything(), pythonBinary), Value(everything()));
@@ -135,7 +138,7 @@ TEST(PropertyList, PlistutilReadsWhatIsWrittenAndWritesItAsBinary) {
     EXPECT_EQ(through(everything(), plistutilBinary), Value(everything()));
 }
 
-TEST(PropertyList, TheSignOfZeroAndWhatIsNoNumberStay) {
+TEST(PropertyList, SignOfZeroAndNanStay) {
     for (const auto& converter : {pythonBinary, pythonXml, plistutilBinary}) {
         const auto zero = through(-0.0, converter);
         ASSERT_TRUE(zero.as<double>());
@@ -150,7 +153,7 @@ TEST(PropertyList, LargeDataStays) {
     EXPECT_EQ(through(Data(2'000'000, 0xA5), pythonBinary), Value(Data(2'000'000, 0xA5)));
 }
 
-TEST(PropertyList, AUidStays) {
+TEST(PropertyList, UidStays) {
     EXPECT_EQ(throughXml(Uid{70'000}), Value(Uid{70'000}));
     EXPECT_EQ(through(Dictionary{{"CF$UID", 7}}, plistutilBinary), Value(Dictionary{{"CF$UID", 7}}));
     const auto result = shell("/usr/bin/python3 -c 'import plistlib, sys; sys.stdout.buffer.write("
@@ -158,11 +161,11 @@ TEST(PropertyList, AUidStays) {
     EXPECT_EQ(read(result.output), (Dictionary{{"k", Uid{300'000}}}));
 }
 
-TEST(PropertyList, WhatIsWrittenPythonReadsWhateverCharacterItHolds) {
+TEST(PropertyList, PythonReadsEveryCharacter) {
     Dictionary texts;
     std::size_t refused = 0;
     for (char32_t c = 1; c < 0x110000; ++c) {
-        // The first and the last ones of each plane are the peculiar ones.
+        // The first and last characters of each plane are special.
         if ((c & 0xFFFF) > 0xFF && (c & 0xFFFF) < 0xFFF0) continue;
         const auto text = "a" + utf8(c) + "b";
         if (written({{"k", text}}).empty() || written({{text, 1}}).empty())
@@ -170,7 +173,7 @@ TEST(PropertyList, WhatIsWrittenPythonReadsWhateverCharacterItHolds) {
         else
             texts[text] = text;
     }
-    EXPECT_EQ(refused, 28U + 2U); // of the first 31, tab and the two line ends may stand
+    EXPECT_EQ(refused, 28U + 2U); // of the first 31, only tab and the two line ends are allowed
     EXPECT_EQ(through(texts, pythonBinary), Value(texts));
 }
 
@@ -178,14 +181,15 @@ TEST(PropertyList, CharactersThatXmlDoesNotHaveAreNotWritten) {
     for (const char* text : {"\x01", "\x08", "\x0B", "\x0C", "\x0E", "\x1B", "\x1F", "\uFFFE", "\uFFFF"})
         for (const auto& dictionary : {Dictionary{{"k", text}}, Dictionary{{text, 1}},
                                        Dictionary{{"k", Array{Dictionary{{text, 1}}}}}}) {
-            const auto result = xmlText(dictionary);
-            ASSERT_TRUE(std::holds_alternative<Unwritable>(result));
-            EXPECT_EQ(std::get<Unwritable>(result).cause, "text with a character that XML does not have");
+            const auto result = xmlText(dictionary, "/a/file");
+            ASSERT_FALSE(result);
+            EXPECT_EQ(result.problem(), (Problem{Problem::Kind::unwritable, "/a/file",
+                                                 "text with a character that XML does not have"}));
         }
     EXPECT_EQ(throughXml("\t\n\r\x7F\u0080\uFFFD"), Value("\t\n\r\x7F\u0080\uFFFD"));
 }
 
-TEST(PropertyList, CharactersThatXmlDoesNotHaveAreReadAllTheSame) {
+TEST(PropertyList, CharactersThatXmlDoesNotHaveAreStillRead) {
     EXPECT_EQ(element("<string>\x01\x1F</string>"), Value("\x01\x1F"));
 }
 
@@ -211,12 +215,12 @@ TEST(PropertyList, KeysAreWrittenInByteOrderAndTheFileEndsWithItsLine) {
         "\t<key>b</key>\n\t<integer>1</integer>\n</dict>\n</plist>\n");
 }
 
-TEST(PropertyList, TheLastOfEqualKeysCounts) {
+TEST(PropertyList, LastOfEqualKeysCounts) {
     EXPECT_EQ(read("<plist><dict><key>a</key><true/><key>a</key><false/></dict></plist>"),
               (Dictionary{{"a", false}}));
 }
 
-TEST(PropertyList, TextIsReadInAllItsSpellings) {
+TEST(PropertyList, TextIsReadInEveryNotation) {
     EXPECT_EQ(element("<string>&lt;&amp;&gt;&quot;&apos;&#65;&#x1F600;</string>"),
               Value("<&>\"'A\U0001F600"));
     EXPECT_EQ(element("<string>a<![CDATA[<b>&]]>c<!-- not this -->d</string>"), Value("a<b>&cd"));
@@ -258,12 +262,12 @@ TEST(PropertyList, WhiteSpaceMayStandAtTheEndOfATag) {
         EXPECT_FALSE(read(std::string("<plist>") + text + "</plist>")) << text;
 }
 
-TEST(PropertyList, AByteOrderMarkAndWhiteSpaceMayStandInFront) {
+TEST(PropertyList, ByteOrderMarkAndWhiteSpaceMayStandInFront) {
     EXPECT_TRUE(read("\xEF\xBB\xBF<plist><dict/></plist>"));
     EXPECT_TRUE(read(" \n<!-- c --><?xml version=\"1.0\"?>\n<plist><dict/></plist>\n"));
 }
 
-TEST(PropertyList, OtherContentIsNoDictionary) {
+TEST(PropertyList, OtherContentIsNotADictionary) {
     for (const char* text :
          {"", " ", "x", "{ a = 1; }", "{\"a\": 1}", "<dict/>", "<plist/>", "<plist></plist>",
           "<plist><array/></plist>", "<plist><string>x</string></plist>", "<plist><dict/><dict/></plist>",
@@ -280,21 +284,21 @@ TEST(PropertyList, TextThatIsNotUtf8IsNeitherReadNorWritten) {
     for (const std::string& text :
          {std::string("\xFF"), std::string("\xC0\x80"), std::string("\xED\xA0\x80"),
           std::string("\xF4\x90\x80\x80"), std::string("a\0b", 3), std::string("\xE4\xBD")})
-        EXPECT_TRUE(std::holds_alternative<Unwritable>(xmlText({{"k", text}})));
+        EXPECT_FALSE(xmlText({{"k", text}}, ""));
 }
 
 TEST(PropertyList, DatesThatXmlCannotHoldAreNotWritten) {
     for (const double seconds : {-63'113'904'001.0, 252'423'993'600.0, 1e300, std::nan(""), -HUGE_VAL})
-        EXPECT_TRUE(std::holds_alternative<Unwritable>(xmlText({{"k", Date{seconds}}}))) << seconds;
+        EXPECT_FALSE(xmlText({{"k", Date{seconds}}}, "")) << seconds;
     EXPECT_EQ(throughXml(Date{252'423'993'599.0}), Value(Date{252'423'993'599.0}));
 }
 
-TEST(PropertyList, WhatCouldNotBeReadAgainIsNotWritten) {
+TEST(PropertyList, ValueThatCannotBeReadAgainIsNotWritten) {
     Value nested = 1;
     for (int i = 0; i < 300; ++i)
         nested = Array{nested};
-    EXPECT_TRUE(std::holds_alternative<Unwritable>(xmlText({{"k", nested}})));
-    EXPECT_TRUE(std::holds_alternative<Unwritable>(xmlText({{"k", std::string(10'000'000, 'x')}})));
+    EXPECT_FALSE(xmlText({{"k", nested}}, ""));
+    EXPECT_FALSE(xmlText({{"k", std::string(10'000'000, 'x')}}, ""));
 }
 
 } // namespace prismo

@@ -13,9 +13,9 @@ namespace {
 class ApplicationsTest : public testing::Test {
   protected:
     void bundle(const std::string& path, const Dictionary& info) const {
-        world.put(path + "/Info.plist", std::get<std::string>(xmlText(info)));
+        world.put(path + "/Info.plist", xmlText(info, path).value());
     }
-    /// The start of a PNG image of that width.
+    /// The start of a PNG image with that width.
     void image(const std::string& path, std::uint8_t width) const {
         world.put(path, std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0", 19) + static_cast<char>(width) +
                             std::string(20, '\0'));
@@ -29,7 +29,7 @@ class ApplicationsTest : public testing::Test {
 
 } // namespace
 
-TEST_F(ApplicationsTest, ARootWithoutApplicationsHasNone) { EXPECT_TRUE(found().empty()); }
+TEST_F(ApplicationsTest, RootWithoutApplicationsHasNone) { EXPECT_TRUE(found().empty()); }
 
 TEST_F(ApplicationsTest, SystemAndStoreApplicationsAreFound) {
     bundle(system + "Clock.app",
@@ -39,7 +39,7 @@ TEST_F(ApplicationsTest, SystemAndStoreApplicationsAreFound) {
                                                           {"com.store.game", "Game", false, ""}}));
 }
 
-TEST_F(ApplicationsTest, TheNameIsTheDisplayNameElseTheBundlesElseTheFolders) {
+TEST_F(ApplicationsTest, NameIsThatOfDisplayThenBundleThenFolder) {
     bundle(system + "A.app",
            {{"CFBundleIdentifier", "a"}, {"CFBundleName", "n"}, {"CFBundleDisplayName", "d"}});
     bundle(system + "B.app",
@@ -52,7 +52,7 @@ TEST_F(ApplicationsTest, TheNameIsTheDisplayNameElseTheBundlesElseTheFolders) {
     EXPECT_EQ(list[2].displayName, "My C");
 }
 
-TEST_F(ApplicationsTest, ABinaryInformationFileIsRead) {
+TEST_F(ApplicationsTest, BinaryInformationFileIsRead) {
     bundle(system + "A.app", {{"CFBundleIdentifier", "a"}});
     const auto info = quoted(world.host(system + "A.app/Info.plist"));
     ASSERT_EQ(
@@ -79,7 +79,7 @@ TEST_F(ApplicationsTest, BrokenAndHiddenBundlesAreLeftOut) {
     EXPECT_EQ(list[0].displayIdentifier, "good");
 }
 
-TEST_F(ApplicationsTest, TheFirstOfOneIdentifierCounts) {
+TEST_F(ApplicationsTest, FirstBundleWithAnIdentifierCounts) {
     bundle(store + "1/A.app", {{"CFBundleIdentifier", "a"}, {"CFBundleName", "store"}});
     bundle(system + "B.app", {{"CFBundleIdentifier", "a"}, {"CFBundleName", "second"}});
     bundle(system + "A.app", {{"CFBundleIdentifier", "a"}, {"CFBundleName", "first"}});
@@ -88,7 +88,7 @@ TEST_F(ApplicationsTest, TheFirstOfOneIdentifierCounts) {
     EXPECT_EQ(list[0].displayName, "first");
 }
 
-TEST_F(ApplicationsTest, TheIconIsTheLargestImageThatIsThere) {
+TEST_F(ApplicationsTest, IconIsTheLargestExistingImage) {
     bundle(system + "A.app",
            {{"CFBundleIdentifier", "a"},
             {"CFBundleIcons", Dictionary{{"CFBundlePrimaryIcon",
@@ -110,7 +110,7 @@ TEST_F(ApplicationsTest, OlderIconKeysCountToo) {
     EXPECT_EQ(list.at(1).iconPath, "/Applications/B.app/icon.png");
 }
 
-TEST_F(ApplicationsTest, AnIconOutsideTheRootIsNone) {
+TEST_F(ApplicationsTest, IconOutsideTheRootIsIgnored) {
     const TemporaryDirectory outside;
     bundle(system + "A.app",
            {{"CFBundleIdentifier", "a"},
@@ -121,7 +121,7 @@ TEST_F(ApplicationsTest, AnIconOutsideTheRootIsNone) {
     EXPECT_EQ(found().at(0).iconPath, "");
 }
 
-TEST_F(ApplicationsTest, LinksMeanWhatTheyMeanOnTheDevice) {
+TEST_F(ApplicationsTest, LinksAreFollowedAsOnTheDevice) {
     bundle("/Shared/A.app",
            {{"CFBundleIdentifier", "a"}, {"CFBundleIconFiles", Array{"pictures/Icon", "Other"}}});
     image("/Pictures/Icon.png", 60);
@@ -136,7 +136,7 @@ TEST_F(ApplicationsTest, LinksMeanWhatTheyMeanOnTheDevice) {
     EXPECT_EQ(list[0].iconPath, store + "1/A.app/pictures/Icon.png");
 }
 
-TEST_F(ApplicationsTest, AKeyThatIsSpelledInARoundaboutWayIsRead) {
+TEST_F(ApplicationsTest, KeyWrittenWithReferencesIsRead) {
     world.put(system + "A.app/Info.plist",
               "<plist><dict><key>CFBundle<![CDATA[Identifier]]></key><string>a</string>"
               "<key>CFBundleName</key><string>n</string></dict></plist>");
@@ -145,7 +145,7 @@ TEST_F(ApplicationsTest, AKeyThatIsSpelledInARoundaboutWayIsRead) {
     EXPECT_EQ(list[0].displayName, "n");
 }
 
-TEST_F(ApplicationsTest, WhatIsNestedIsNotTakenForTheApplications) {
+TEST_F(ApplicationsTest, NestedValuesAreIgnored) {
     world.put(system + "A.app/Info.plist",
               "<plist><dict><key>x</key><dict><key>CFBundleIdentifier</key><string>nested</string></dict>"
               "<key>CFBundleIdentifier</key><!-- > --><string>a</string><key>y</key><array><dict>"
@@ -158,7 +158,7 @@ namespace {
 
 class ManyApplicationsTest : public ApplicationsTest {
   protected:
-    /// An information file as large as usual ones, with "app0000" in its identifier.
+    /// An Info.plist of the usual size, with "app0000" in its identifier.
     void putTemplate() const {
         Dictionary info{{"CFBundleIdentifier", "com.example.app0000"},
                         {"CFBundleIconFiles", Array{"Icon60x60", "Icon76x76"}}};

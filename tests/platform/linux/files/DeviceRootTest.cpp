@@ -3,9 +3,9 @@
 #include "tests/support/Directories.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <system_error>
 
 namespace prismo {
 
@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A device root in a directory that has things outside the root, too.
+/// A device root in a directory that also has files outside the root.
 class DeviceRootTest : public testing::TestWithParam<DeviceRoot::Resolution> {
   protected:
     DeviceRootTest() {
@@ -28,20 +28,27 @@ class DeviceRootTest : public testing::TestWithParam<DeviceRoot::Resolution> {
     void link(const std::string& target, const std::string& path) const {
         fs::create_symlink(target, host(path));
     }
-    DeviceRoot root() const { return DeviceRoot(directory_.path() / "root", GetParam()); }
+    DeviceRoot root() const { return DeviceRoot::at(directory_.path() / "root", GetParam()).value(); }
 
-    /// What the file holds, or the name of the error.
+    /// The file's content, or the name of the error.
     std::string read(const std::string& path) const {
         const auto file = root().open(path, O_RDONLY);
-        if (!file) return ::strerrorname_np(errno);
-        const auto bytes = readAll(file.get(), 1000);
-        return bytes ? std::string(bytes->begin(), bytes->end()) : ::strerrorname_np(errno);
+        if (!file) return errorName(file.problem());
+        const auto bytes = readAll(file.value().get(), 1000, path);
+        if (!bytes) return errorName(bytes.problem());
+        return {bytes.value().begin(), bytes.value().end()};
     }
-    /// The host's name for where a file would be written.
+    static std::string errorName(const Problem& problem) {
+        for (int error = 1; error < 200; ++error)
+            if (problem.cause == std::strerror(error)) return ::strerrorname_np(error);
+        return problem.cause;
+    }
+    /// The path on this machine where a file would be written.
     fs::path writtenAt(const std::string& path) const {
         const auto place = root().place(path);
-        if (!place) return ::strerrorname_np(errno);
-        return fs::read_symlink("/proc/self/fd/" + std::to_string(place->directory.get())) / place->name;
+        if (!place) return errorName(place.problem());
+        const auto& [directory, name, unused] = place.value();
+        return fs::read_symlink("/proc/self/fd/" + std::to_string(directory.get())) / name;
     }
 
     TemporaryDirectory directory_;
@@ -56,33 +63,33 @@ INSTANTIATE_TEST_SUITE_P(Resolution, DeviceRootTest,
 
 } // namespace
 
-TEST_P(DeviceRootTest, APathIsTakenFromTheRoot) { EXPECT_EQ(read("/a/b/file"), "inside"); }
+TEST_P(DeviceRootTest, PathIsTakenFromTheRoot) { EXPECT_EQ(read("/a/b/file"), "inside"); }
 
-TEST_P(DeviceRootTest, DotsAndSlashesCountForNothing) { EXPECT_EQ(read("//a/./b/../b//file"), "inside"); }
+TEST_P(DeviceRootTest, DotsAndExtraSlashesAreIgnored) { EXPECT_EQ(read("//a/./b/../b//file"), "inside"); }
 
-TEST_P(DeviceRootTest, TheRootIsItsOwnParent) {
+TEST_P(DeviceRootTest, RootIsItsOwnParent) {
     EXPECT_EQ(read("/../../a/../../a/b/file"), "inside");
     EXPECT_EQ(read("/../secret"), "ENOENT");
 }
 
-TEST_P(DeviceRootTest, AnAbsoluteLinkStartsAtTheRoot) {
+TEST_P(DeviceRootTest, AbsoluteLinkStartsAtTheRoot) {
     link("/a/b/file", "/a/b/link");
     EXPECT_EQ(read("/a/b/link"), "inside");
 }
 
-TEST_P(DeviceRootTest, AnAbsoluteLinkToTheOutsideFindsNothing) {
+TEST_P(DeviceRootTest, AbsoluteLinkToTheOutsideFindsNothing) {
     link(outside_.path() / "secret", "/link");
     EXPECT_EQ(read("/link"), "ENOENT");
 }
 
-TEST_P(DeviceRootTest, ARelativeLinkDoesNotClimbOutOfTheRoot) {
+TEST_P(DeviceRootTest, RelativeLinkDoesNotClimbOutOfTheRoot) {
     link("../../../../secret", "/a/b/link");
     EXPECT_EQ(read("/a/b/link"), "ENOENT");
     link("../../../../a/b/file", "/a/b/back");
     EXPECT_EQ(read("/a/b/back"), "inside");
 }
 
-TEST_P(DeviceRootTest, ALinkedDirectoryDoesNotLeadOutside) {
+TEST_P(DeviceRootTest, LinkedDirectoryDoesNotLeadOutside) {
     link(outside_.path(), "/absolute");
     link("../..", "/a/relative");
     EXPECT_EQ(read("/absolute/secret"), "ENOENT");
@@ -106,7 +113,7 @@ TEST_P(DeviceRootTest, LinksInALoopAreAnError) {
     EXPECT_EQ(writtenAt("/one"), "ELOOP");
 }
 
-TEST_P(DeviceRootTest, FortyLinksAreFollowedAndNoMore) {
+TEST_P(DeviceRootTest, AtMostFortyLinksAreFollowed) {
     link("a/b/file", "/link1");
     for (int i = 2; i <= 41; ++i)
         link("link" + std::to_string(i - 1), "/link" + std::to_string(i));
@@ -126,7 +133,7 @@ TEST_P(DeviceRootTest, ErrorsAreThoseOfTheKernel) {
     EXPECT_EQ(read(std::string("/a/b/file\0x", 11)), "EINVAL");
 }
 
-TEST_P(DeviceRootTest, ANewFileIsMadeInside) {
+TEST_P(DeviceRootTest, NewFileIsMadeInside) {
     link(outside_.path(), "/out");
     fs::create_directories(host(outside_.path()));
     EXPECT_TRUE(root().open("/out/new", O_WRONLY | O_CREAT, 0600));
@@ -134,12 +141,12 @@ TEST_P(DeviceRootTest, ANewFileIsMadeInside) {
     EXPECT_TRUE(fs::exists(host((outside_.path() / "new").string())));
 }
 
-TEST_P(DeviceRootTest, TheKernelsOwnLinksAreNotFollowedOutside) {
+TEST_P(DeviceRootTest, KernelsOwnLinksAreNotFollowedOutside) {
     link("/proc/self/root/" + (outside_.path() / "secret").string(), "/link");
     EXPECT_EQ(read("/link"), "ENOENT");
 }
 
-TEST_P(DeviceRootTest, APlaceIsInTheFilesDirectory) {
+TEST_P(DeviceRootTest, PlaceIsInTheFilesDirectory) {
     EXPECT_EQ(writtenAt("/a/b/file"), host("/a/b/file"));
     EXPECT_EQ(writtenAt("/a/new"), host("/a/new"));
     EXPECT_EQ(writtenAt("/missing/new"), "ENOENT");
@@ -147,7 +154,7 @@ TEST_P(DeviceRootTest, APlaceIsInTheFilesDirectory) {
     EXPECT_EQ(writtenAt("/a/.."), "EISDIR");
 }
 
-TEST_P(DeviceRootTest, APlaceIsWhereALinkInTheLastPlaceLeads) {
+TEST_P(DeviceRootTest, PlaceIsWhereALinkInTheLastPlaceLeads) {
     link("other", "/a/relative");
     link("/a/b/other", "/a/absolute");
     link("absolute", "/a/chain");
@@ -160,14 +167,14 @@ TEST_P(DeviceRootTest, APlaceIsWhereALinkInTheLastPlaceLeads) {
     EXPECT_EQ(writtenAt("/a/leaving"), "ENOENT");
 }
 
-TEST_P(DeviceRootTest, AHomeIsMadeUnderBothItsNames) {
+TEST_P(DeviceRootTest, HomeIsMadeUnderBothItsNames) {
     EXPECT_TRUE(root().makeParents("/User/Library/Preferences/x.plist"));
     EXPECT_EQ(fs::read_symlink(host("/User")), "var/mobile");
     EXPECT_TRUE(fs::is_directory(host("/var/mobile/Library/Preferences")));
     EXPECT_EQ(fs::status(host("/var/mobile/Library")).permissions(), fs::perms(0755));
 }
 
-TEST_P(DeviceRootTest, AUserDirectoryThatExistsIsUsedAsItIs) {
+TEST_P(DeviceRootTest, UserDirectoryThatExistsIsUsedAsItIs) {
     fs::create_directory(host("/User"));
     EXPECT_TRUE(root().makeParents("/User/Library/x.plist"));
     EXPECT_TRUE(fs::is_directory(host("/User/Library")));
@@ -189,27 +196,24 @@ TEST_P(DeviceRootTest, DirectoriesAreMadeInTheHomeOnly) {
     EXPECT_FALSE(fs::exists(host("/User")));
 }
 
-TEST(DeviceRoot, ARootThatIsMissingIsNamed) {
-    try {
-        const DeviceRoot root("/no/such/root");
-        FAIL() << "opened";
-    } catch (const std::system_error& error) {
-        EXPECT_EQ(error.code().value(), ENOENT);
-        EXPECT_NE(std::string(error.what()).find("/no/such/root"), std::string::npos);
-    }
+TEST(DeviceRoot, RootThatIsMissingIsNamed) {
+    const auto root = DeviceRoot::at("/no/such/root");
+    ASSERT_FALSE(root);
+    EXPECT_EQ(root.problem(), (Problem{Problem::Kind::missing, "/no/such/root", std::strerror(ENOENT)}));
+    EXPECT_THROW(valueOrThrow(DeviceRoot::at("/no/such/root")), ProblemError);
 }
 
 TEST(DeviceRoot, HostPathsAreNamedFromTheRoot) {
     const TemporaryDirectory directory;
-    const DeviceRoot root(directory.path().string() + "/");
+    const auto root = DeviceRoot::at(directory.path().string() + "/").value();
     EXPECT_EQ(root.hostPath("/User/x"), directory.path().string() + "/User/x");
 }
 
-TEST(DeviceRoot, ADefaultRootHasWhatAnEmptyDeviceHas) {
+TEST(DeviceRoot, DefaultRootHasWhatAnEmptyDeviceHas) {
     const TemporaryDirectory directory;
     const auto path = directory.path() / "new" / "device";
-    makeDefaultDeviceRoot(path);
-    makeDefaultDeviceRoot(path);
+    EXPECT_TRUE(makeDefaultDeviceRoot(path));
+    EXPECT_TRUE(makeDefaultDeviceRoot(path));
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0700));
     EXPECT_EQ(fs::read_symlink(path / "User"), "var/mobile");
     for (const char* made : {"User/Library/Preferences", "Applications", "var/run"})

@@ -1,6 +1,6 @@
 // file-writer ROOT atomically|inPlace FIRST COUNT: writes a dictionary about the numbers FIRST, FIRST + 1 …
-// into the settings file of the device root, one after the other. Tells on standard output each number that
-// is on the disk, on standard error each problem. 1 where a write failed.
+// into the settings file of the device root, one after the other. Prints each number that is on the disk to
+// standard output, and each problem to standard error. Exits with 1 if a write failed.
 
 #include "platform/linux/files/PropertyListFiles.h"
 
@@ -13,15 +13,16 @@ int main(int argc, char** argv) {
     using namespace prismo;
     if (argc != 5) return 2;
     const auto mode = std::string_view(argv[2]) == "atomically" ? WriteMode::atomically : WriteMode::inPlace;
-    const DeviceRoot root(argv[1]);
-    PropertyListFiles files(root, [](FileProblem::Kind, const std::string& path, const std::string& cause) {
-        std::fprintf(stderr, "%s: %s\n", path.c_str(), cause.c_str());
-    });
+    const auto root = DeviceRoot::at(argv[1]).value();
+    const auto print = [](const Problem& problem) { std::fprintf(stderr, "%s\n", problem.text().c_str()); };
+    PropertyListFiles files(root, print);
     const int first = std::atoi(argv[3]);
     for (int number = first; number < first + std::atoi(argv[4]); ++number) {
         const Dictionary dictionary{
             {"number", number}, {"padding", std::string(20'000, 'x')}, {"same", number}};
-        if (!files.write("/User/Library/Preferences/test.plist", dictionary, mode)) return 1;
+        const auto written = files.write("/User/Library/Preferences/test.plist", dictionary, mode);
+        if (!written) print(written.problem());
+        if (!written) return 1;
         std::printf("%d\n", number);
         std::fflush(stdout);
     }

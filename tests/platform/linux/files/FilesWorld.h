@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,17 +32,29 @@ struct FilesWorld {
         return result;
     }
 
+    // As on a device, a failure becomes one of the problems.
+
     bool write(const std::string& path, const Dictionary& dictionary,
                WriteMode mode = WriteMode::atomically) {
-        return files.write(path, dictionary, mode);
+        const auto written = files.write(path, dictionary, mode);
+        if (!written) problems.push_back(written.problem());
+        return static_cast<bool>(written);
     }
+    std::optional<Dictionary> read(const std::string& path) { return valueOf(files.read(path)); }
+    std::optional<Data> readBytes(const std::string& path) { return valueOf(files.readBytes(path)); }
 
     TemporaryDirectory directory;
-    DeviceRoot root{directory.path()};
-    std::vector<FileProblem> problems;
-    PropertyListFiles files{root, [this](FileProblem::Kind kind, std::string path, std::string cause) {
-                                problems.push_back({kind, std::move(path), std::move(cause)});
-                            }};
+    DeviceRoot root = DeviceRoot::at(directory.path()).value();
+    std::vector<Problem> problems;
+    PropertyListFiles files{root, [this](const Problem& problem) { problems.push_back(problem); }};
+
+  private:
+    template <typename Value>
+    std::optional<Value> valueOf(Result<std::optional<Value>> result) {
+        if (result) return std::move(result).value();
+        problems.push_back(result.problem());
+        return std::nullopt;
+    }
 };
 
 } // namespace prismo

@@ -6,14 +6,14 @@ namespace prismo {
 namespace {
 
 namespace fs = std::filesystem;
-using Kind = FileProblem::Kind;
+using Kind = Problem::Kind;
 
 class KeptBytesTest : public WriteTest {};
 INSTANTIATE_TEST_SUITE_P(Mode, KeptBytesTest, bothModes, modeName);
 
 } // namespace
 
-TEST_P(KeptBytesTest, TheBytesOfAMalformedFileAreKept) {
+TEST_P(KeptBytesTest, BytesOfAMalformedFileAreKept) {
     world.put(path, "not a list");
     ASSERT_EQ(::chmod(world.host(path).c_str(), 0600), 0);
     EXPECT_TRUE(write());
@@ -23,7 +23,7 @@ TEST_P(KeptBytesTest, TheBytesOfAMalformedFileAreKept) {
     EXPECT_EQ(names[1].size(), std::string("test.plist.malformed-20261121T070000Z").size());
     EXPECT_EQ(world.bytes(directory + "/" + names[1]), "not a list");
     EXPECT_EQ(fs::status(world.host(directory + "/" + names[1])).permissions(), fs::perms(0600));
-    EXPECT_EQ(world.files.read(path), newContent);
+    EXPECT_EQ(world.read(path), newContent);
     ASSERT_EQ(world.problems.size(), 1U);
     EXPECT_EQ(world.problems[0].kind, Kind::replaced);
     EXPECT_NE(world.problems[0].cause.find(names[1]), std::string::npos);
@@ -41,46 +41,45 @@ TEST_P(KeptBytesTest, EveryMalformedFileIsKept) {
     EXPECT_EQ(kept, (std::vector<std::string>{"one", "three", "two"}));
 }
 
-TEST_P(KeptBytesTest, AFileThatBecameMalformedAfterItWasReadIsKept) {
-    ASSERT_TRUE(world.files.read(path));
+TEST_P(KeptBytesTest, FileThatBecameMalformedAfterItWasReadIsKept) {
+    ASSERT_TRUE(world.read(path));
     world.put(path, "not a list");
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory).size(), 2U);
 }
 
-TEST_P(KeptBytesTest, AnEmptyFileIsNotKept) {
+TEST_P(KeptBytesTest, EmptyFileIsNotKept) {
     world.put(path, "");
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory), onlyTheFile);
     EXPECT_TRUE(world.problems.empty());
 }
 
-TEST_P(KeptBytesTest, AFileThatWasRepairedSinceItWasReadIsKept) {
+TEST_P(KeptBytesTest, FileThatWasRepairedSinceItWasReadIsKept) {
     for (const char* bytes : {"not a list", ""}) {
         world.put(path, bytes);
-        ASSERT_FALSE(world.files.read(path));
+        ASSERT_FALSE(world.read(path));
         fs::remove(world.host(path));
         world.put(path, "<plist><dict><key>repaired</key><true/></dict></plist>");
         EXPECT_TRUE(write());
         const auto names = world.names(directory);
         ASSERT_EQ(names.size(), 2U);
-        EXPECT_EQ(world.files.read(directory + "/" + names[1]), (Dictionary{{"repaired", true}}));
-        EXPECT_EQ(
-            world.problems.back(),
-            (FileProblem{Kind::replaced, world.host(path),
-                         "Could not be read before and is replaced; its bytes are kept as " + names[1]}));
+        EXPECT_EQ(world.read(directory + "/" + names[1]), (Dictionary{{"repaired", true}}));
+        EXPECT_EQ(world.problems.back(),
+                  (Problem{Kind::replaced, world.host(path),
+                           "Could not be read before and is replaced; its bytes are kept as " + names[1]}));
         fs::remove(world.host(directory + "/" + names[1]));
     }
 }
 
-TEST_P(KeptBytesTest, AFileTooDeepForAnyReaderIsKeptAndReplaced) {
+TEST_P(KeptBytesTest, FileTooDeepForAnyReaderIsKeptAndReplaced) {
     const auto lists = [](std::size_t depth) {
         return underKey(repeated("<array>", depth) + repeated("</array>", depth));
     };
     for (const auto& bytes : {lists(256), sharedChain(300, 1), lists(1'000'000)}) {
         world.put(path, bytes);
         world.problems.clear();
-        EXPECT_FALSE(world.files.read(path));
+        EXPECT_FALSE(world.read(path));
         EXPECT_TRUE(isTheOnlyProblem(Kind::malformed, "No property-list dictionary"));
         EXPECT_TRUE(write());
         const auto names = world.names(directory);
@@ -90,26 +89,26 @@ TEST_P(KeptBytesTest, AFileTooDeepForAnyReaderIsKeptAndReplaced) {
     }
 }
 
-TEST_P(KeptBytesTest, AFileThatWasRepairedAndReadAgainIsNotKept) {
+TEST_P(KeptBytesTest, FileThatWasRepairedAndReadAgainIsNotKept) {
     world.put(path, "not a list");
-    ASSERT_FALSE(world.files.read(path));
+    ASSERT_FALSE(world.read(path));
     world.put(path, "<plist><dict/></plist>");
-    ASSERT_TRUE(world.files.read(path));
+    ASSERT_TRUE(world.read(path));
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory), onlyTheFile);
 }
 
-TEST_P(KeptBytesTest, AFileThatWasMissingWhenItWasReadIsNotKept) {
+TEST_P(KeptBytesTest, FileThatWasMissingWhenItWasReadIsNotKept) {
     fs::remove(world.host(path));
-    ASSERT_FALSE(world.files.read(path));
+    ASSERT_FALSE(world.read(path));
     world.put(path, "<plist><dict/></plist>");
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory), onlyTheFile);
 }
 
-TEST_P(KeptBytesTest, WhatWasReplacedOnceIsOneOfOurs) {
+TEST_P(KeptBytesTest, FileThatReplacedAMalformedOneIsNotKept) {
     world.put(path, "not a list");
-    ASSERT_FALSE(world.files.read(path));
+    ASSERT_FALSE(world.read(path));
     EXPECT_TRUE(write());
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory).size(), 2U);

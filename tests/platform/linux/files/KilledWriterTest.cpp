@@ -28,7 +28,7 @@ TEST(KilledWriter, AtRandomTimesTheFileIsWhole) {
     std::set<std::int64_t> seen;
     for (int i = 1; i <= times; ++i) {
         const auto running = startWriter(world, i * 1000, 1000);
-        // It is at work from its first line on.
+        // It is writing once it has printed its first line.
         char line = 0;
         ASSERT_EQ(::read(running.output.get(), &line, 1), 1);
         std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
@@ -38,7 +38,7 @@ TEST(KilledWriter, AtRandomTimesTheFileIsWhole) {
         ASSERT_TRUE(found >= i * 1000 && found < i * 1000 + 1000) << i << ": " << found;
         seen.insert(found % 1000);
     }
-    // Not always at the same write.
+    // Vary the write that is interrupted.
     EXPECT_GT(seen.size(), 1U);
     ASSERT_TRUE(world.write(path, newContent));
     EXPECT_EQ(world.names(directory), onlyTheFile);

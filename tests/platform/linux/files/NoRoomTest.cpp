@@ -12,12 +12,12 @@ namespace prismo {
 namespace {
 
 namespace fs = std::filesystem;
-using Kind = FileProblem::Kind;
+using Kind = Problem::Kind;
 
 enum class FileSystem { full, readOnly };
 
-/// Runs `body` in a child whose settings directory is a small file system of its own. Nothing where the
-/// machine lets nobody mount.
+/// Runs `body` in a child whose settings directory is a small file system. Returns nullopt if this machine
+/// does not allow mounts.
 std::optional<bool> onFileSystem(FileSystem kind, FilesWorld& world, const std::function<bool()>& body) {
     const auto mountPoint = world.host(directory);
     const auto mounted = [&] {
@@ -39,7 +39,7 @@ std::optional<bool> onFileSystem(FileSystem kind, FilesWorld& world, const std::
             }
         } else if (::mount(nullptr, mountPoint.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
             return false;
-        world.root = DeviceRoot(world.directory.path()); // the one from before does not see the mount
+        world.root = DeviceRoot::at(world.directory.path()).value(); // the old one does not see the mount
         return body();
     });
 }
@@ -56,9 +56,9 @@ TEST_P(NoRoomTest, OnAFullDiskTheOldFileStays) {
         return !write({{"long", std::string(20'000, 'x')}}) && world.bytes(path) == before &&
                world.names(directory) == std::vector<std::string>{"filler", "test.plist"} &&
                world.problems ==
-                   std::vector{FileProblem{Kind::unwritable, world.host(path), std::strerror(ENOSPC)}};
+                   std::vector{Problem{Kind::unwritable, world.host(path), std::strerror(ENOSPC)}};
     });
-    if (!result) GTEST_SKIP() << "this machine lets nobody mount a file system";
+    if (!result) GTEST_SKIP() << "this machine does not allow mounts";
     EXPECT_TRUE(*result);
 }
 
@@ -69,7 +69,7 @@ TEST_P(NoRoomTest, OnAFullDiskANewFileLeavesNothing) {
         return !write({{"long", std::string(20'000, 'x')}}) &&
                world.names(directory) == std::vector<std::string>{"filler"};
     });
-    if (!result) GTEST_SKIP() << "this machine lets nobody mount a file system";
+    if (!result) GTEST_SKIP() << "this machine does not allow mounts";
     EXPECT_TRUE(*result);
 }
 
@@ -79,13 +79,13 @@ TEST_P(NoRoomTest, OnAReadOnlyFileSystemTheOldFileStays) {
     const auto result = onFileSystem(FileSystem::readOnly, world, [&] {
         return !write() && world.bytes(path) == before && world.names(directory) == onlyTheFile &&
                world.problems ==
-                   std::vector{FileProblem{Kind::unwritable, world.host(path), std::strerror(EROFS)}};
+                   std::vector{Problem{Kind::unwritable, world.host(path), std::strerror(EROFS)}};
     });
-    if (!result) GTEST_SKIP() << "this machine lets nobody mount a file system";
+    if (!result) GTEST_SKIP() << "this machine does not allow mounts";
     EXPECT_TRUE(*result);
 }
 
-TEST_F(FilesTest, WhereTheOldBytesCannotBeCopiedTheyAreNotWrittenOver) {
+TEST_F(FilesTest, OldBytesThatCannotBeCopiedAreNotOverwritten) {
     world.write(path, oldContent);
     world.problems.clear();
     std::ofstream(world.directory.path() / "before.plist") << std::string(9000, 'x');
@@ -94,7 +94,7 @@ TEST_F(FilesTest, WhereTheOldBytesCannotBeCopiedTheyAreNotWrittenOver) {
                world.bytes(path) == std::string(9000, 'x') &&
                world.names(directory) == std::vector<std::string>{"filler", "test.plist"};
     });
-    if (!result) GTEST_SKIP() << "this machine lets nobody mount a file system";
+    if (!result) GTEST_SKIP() << "this machine does not allow mounts";
     EXPECT_TRUE(*result);
 }
 

@@ -30,5 +30,5 @@ int Syncs::sync(int descriptor) {
 
 } // namespace prismo
 
-/// In the place of the C library's.
+/// Replaces the C library's function.
 extern "C" int fsync(int fd) { return prismo::current ? prismo::current->sync(fd) : prismo::reallySync(fd); }

@@ -5,7 +5,7 @@
 
 namespace prismo {
 
-/// The calls of fsync that this process makes while this lives. One of them can be made to fail.
+/// Records the calls of fsync during its lifetime, and can make one of them fail.
 class Syncs {
   public:
     /// `failing` is the number of the call that fails, from 1.
@@ -14,7 +14,7 @@ class Syncs {
     Syncs(const Syncs&) = delete;
     Syncs& operator=(const Syncs&) = delete;
 
-    /// What was brought to the disk, in order; paths of this machine.
+    /// What was synced, in order, as paths of this machine.
     const std::vector<std::string>& paths() const { return paths_; }
 
     int sync(int descriptor);

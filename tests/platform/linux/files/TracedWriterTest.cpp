@@ -15,11 +15,11 @@ namespace fs = std::filesystem;
 
 const std::string malformed = "<plist><dict><key>half a fi";
 
-/// Where a writer begins, and how it writes.
+/// What a writer finds, and how it writes.
 struct Beginning {
     std::string name;
     WriteMode mode;
-    /// Nothing where there is no file, nor its directory.
+    /// nullopt if neither the file nor its directory exists.
     std::optional<std::string> bytes;
 };
 
@@ -53,7 +53,7 @@ class TracedWriter : public testing::TestWithParam<Beginning> {
     FilesWorld world;
 };
 
-std::string xml(const Dictionary& dictionary) { return std::get<std::string>(xmlText(dictionary)); }
+std::string xml(const Dictionary& dictionary) { return xmlText(dictionary, path).value(); }
 
 INSTANTIATE_TEST_SUITE_P(Beginning, TracedWriter,
                          testing::Values(Beginning{"AFile", WriteMode::atomically, xml(numbered(1))},
@@ -103,7 +103,7 @@ TEST_P(TracedWriter, KilledAtAnySystemCallLosesNothingAndTheNextOneLeavesNoOrpha
         ASSERT_TRUE(world.write(path, newContent, mode));
         ASSERT_EQ(temporaries(), 0) << "killed at call " << call;
     }
-    // It was really killed before, in the midst of and after the replacement.
+    // It was really killed before, during and after the replacement.
     EXPECT_TRUE(oldSeen);
     EXPECT_TRUE(newSeen);
     EXPECT_EQ(orphanSeen, mode == WriteMode::atomically);

@@ -9,7 +9,7 @@ namespace prismo {
 namespace {
 
 namespace fs = std::filesystem;
-using Kind = FileProblem::Kind;
+using Kind = Problem::Kind;
 
 class UnsyncedWriteTest : public WriteTest {};
 INSTANTIATE_TEST_SUITE_P(Mode, UnsyncedWriteTest, bothModes, modeName);
@@ -19,7 +19,7 @@ const std::string unsynced = std::string("Written, but perhaps not to the disk: 
 
 } // namespace
 
-TEST_P(UnsyncedWriteTest, ANewFileAndItsDirectoryAreOnTheDisk) {
+TEST_P(UnsyncedWriteTest, NewFileAndItsDirectoryAreOnTheDisk) {
     fs::remove(world.host(path));
     const Syncs syncs;
     EXPECT_TRUE(write());
@@ -40,7 +40,7 @@ TEST_P(UnsyncedWriteTest, NewDirectoriesAreOnTheDiskBeforeTheFile) {
                                         root / "var/mobile/Library"}));
 }
 
-TEST_P(UnsyncedWriteTest, WhereADirectoryCannotBeSyncedNothingIsWritten) {
+TEST_P(UnsyncedWriteTest, NothingIsWrittenIfADirectoryCannotBeSynced) {
     fs::remove_all(world.host(directory));
     const Syncs syncs(1);
     EXPECT_FALSE(write());
@@ -48,22 +48,22 @@ TEST_P(UnsyncedWriteTest, WhereADirectoryCannotBeSyncedNothingIsWritten) {
     EXPECT_FALSE(fs::exists(world.host(path)));
 }
 
-TEST_P(UnsyncedWriteTest, WhatIsWrittenAndNotSyncedIsToldApart) {
+TEST_P(UnsyncedWriteTest, WriteThatIsNotSyncedIsAProblemOfItsOwnKind) {
     fs::remove(world.host(path));
     const Syncs syncs(2); // the directory
     EXPECT_TRUE(write());
     expectOneProblem(Kind::unsynced, unsynced);
-    EXPECT_EQ(world.files.read(path), newContent);
+    EXPECT_EQ(world.read(path), newContent);
 }
 
-TEST_P(UnsyncedWriteTest, AFileThatCannotBeSyncedDoesNotReplaceTheOldOne) {
+TEST_P(UnsyncedWriteTest, FileThatCannotBeSyncedDoesNotReplaceTheOldOne) {
     const Syncs syncs(1);
     const bool isWritten = write();
-    // In place the new bytes are there by then.
+    // In place, the new bytes are already there.
     EXPECT_EQ(isWritten, GetParam() == WriteMode::inPlace);
     isWritten ? expectOneProblem(Kind::unsynced, unsynced)
               : expectOneProblem(Kind::unwritable, std::strerror(EIO));
-    EXPECT_EQ(world.files.read(path), isWritten ? newContent : oldContent);
+    EXPECT_EQ(world.read(path), isWritten ? newContent : oldContent);
     EXPECT_EQ(world.names(directory), onlyTheFile);
 }
 
@@ -77,15 +77,15 @@ TEST_P(UnsyncedWriteTest, MalformedBytesStayKeptWhateverSyncFails) {
             write();
         }
         const auto names = world.names(directory);
-        const bool isReplaced = world.files.read(path) == newContent;
+        const bool isReplaced = world.read(path) == newContent;
         ASSERT_EQ(names.size(), isReplaced ? 2U : 1U) << failing;
         EXPECT_EQ(world.bytes(directory + "/" + names.back()), malformed) << failing;
     }
 }
 
-TEST_P(UnsyncedWriteTest, AReplacedMalformedFileIsToldWithItsSyncThatFailed) {
+TEST_P(UnsyncedWriteTest, ReplacedMalformedFileAndFailedSyncAreBothReported) {
     world.put(path, malformed);
-    const Syncs syncs(3); // after those for the bytes that are kept
+    const Syncs syncs(3); // the first two are for the kept bytes
     EXPECT_TRUE(write());
     ASSERT_EQ(world.problems.size(), 2U);
     EXPECT_EQ(world.problems[0].kind, Kind::replaced);

@@ -15,16 +15,16 @@ inline const std::vector<std::string> onlyTheFile{"test.plist"};
 inline const Dictionary oldContent{{"old", true}};
 inline const Dictionary newContent{{"new", 1}};
 
-/// The files of a root, and what was told of the settings file.
+/// The files of a root, and the problems of its settings file.
 struct FilesTest : testing::Test {
-    void expectOneProblem(FileProblem::Kind kind, const std::string& cause) const {
+    void expectOneProblem(Problem::Kind kind, const std::string& cause) const {
         ASSERT_EQ(world.problems.size(), 1U);
-        EXPECT_EQ(world.problems[0], (FileProblem{kind, world.host(path), cause}));
+        EXPECT_EQ(world.problems[0], (Problem{kind, world.host(path), cause}));
     }
     FilesWorld world;
 };
 
-/// A root with a settings file, in both modes of writing.
+/// A root with a settings file, for both modes of writing.
 class WriteTest : public FilesTest, public testing::WithParamInterface<WriteMode> {
   protected:
     WriteTest() {
@@ -35,12 +35,12 @@ class WriteTest : public FilesTest, public testing::WithParamInterface<WriteMode
         return world.write(path, dictionary, GetParam());
     }
     struct stat status() const {
-        struct stat result {};
+        struct stat result = {};
         ::lstat(world.host(path).c_str(), &result);
         return result;
     }
-    bool isTheOnlyProblem(FileProblem::Kind kind, const std::string& cause) const {
-        return world.problems == std::vector{FileProblem{kind, world.host(path), cause}};
+    bool isTheOnlyProblem(Problem::Kind kind, const std::string& cause) const {
+        return world.problems == std::vector{Problem{kind, world.host(path), cause}};
     }
 };
 

@@ -54,7 +54,7 @@ bool writeUntilCall(const FilesWorld& world, WriteMode mode, int call) {
     if (!WIFSTOPPED(status)) throw std::runtime_error("a child cannot be traced here");
     const long options = PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL;
     if (::ptrace(PTRACE_SETOPTIONS, process, nullptr, options) != 0) fail("ptrace");
-    // It stops where a call begins and again where it ends.
+    // It stops at the start and at the end of each call.
     for (int stops = 0; WIFSTOPPED(status);) {
         const bool isCall = WSTOPSIG(status) == (SIGTRAP | 0x80);
         if (isCall && stops++ % 2 == 0 && stops / 2 + 1 == call) {
@@ -76,7 +76,7 @@ Dictionary numbered(int number) {
 }
 
 std::int64_t numberIn(FilesWorld& world) {
-    const auto dictionary = world.files.read(path);
+    const auto dictionary = world.read(path);
     const auto number = dictionary ? valueForKey(*dictionary, "number").longLongValue() : -1;
     return dictionary == numbered(static_cast<int>(number)) ? number : -1;
 }

@@ -11,27 +11,27 @@ namespace prismo {
 namespace {
 
 namespace fs = std::filesystem;
-using Kind = FileProblem::Kind;
+using Kind = Problem::Kind;
 
 class WrittenFileTest : public WriteTest {};
 INSTANTIATE_TEST_SUITE_P(Mode, WrittenFileTest, bothModes, modeName);
 
 } // namespace
 
-TEST_P(WrittenFileTest, AFileIsReplaced) {
+TEST_P(WrittenFileTest, FileIsReplaced) {
     EXPECT_TRUE(write());
-    EXPECT_EQ(world.files.read(path), newContent);
+    EXPECT_EQ(world.read(path), newContent);
     EXPECT_EQ(world.names(directory), onlyTheFile);
     EXPECT_TRUE(world.problems.empty());
 }
 
-TEST_P(WrittenFileTest, AShorterFileHasNoRestOfTheLongerOne) {
+TEST_P(WrittenFileTest, ShorterFileHasNoLeftoverBytes) {
     world.write(path, {{"long", std::string(100'000, 'x')}});
     EXPECT_TRUE(write());
-    EXPECT_EQ(world.files.read(path), newContent);
+    EXPECT_EQ(world.read(path), newContent);
 }
 
-TEST_P(WrittenFileTest, ANewFileCanBeReadByAll) {
+TEST_P(WrittenFileTest, NewFileCanBeReadByAll) {
     ::umask(077);
     fs::remove(world.host(path));
     EXPECT_TRUE(write());
@@ -40,7 +40,7 @@ TEST_P(WrittenFileTest, ANewFileCanBeReadByAll) {
 }
 
 TEST_P(WrittenFileTest, ModeAndOwnerStay) {
-    // Only root can give a file away; everybody else has but the mode to look at.
+    // Only root can change the owner; other users can only check the mode.
     const int given = ::chown(world.host(path).c_str(), 501, 502);
     EXPECT_EQ(given == 0, ::getuid() == 0);
     ASSERT_EQ(::chmod(world.host(path).c_str(), 0640), 0);
@@ -51,7 +51,7 @@ TEST_P(WrittenFileTest, ModeAndOwnerStay) {
     EXPECT_EQ(status().st_gid, before.st_gid);
 }
 
-TEST_P(WrittenFileTest, TheFileKeepsItsIdentityInPlaceOnly) {
+TEST_P(WrittenFileTest, FileKeepsItsIdentityInPlaceOnly) {
     const auto before = status().st_ino;
     const UniqueFd holdsTheOldFile(::open(world.host(path).c_str(), O_RDONLY));
     EXPECT_TRUE(write());
@@ -66,7 +66,7 @@ TEST_P(WrittenFileTest, ThroughALinkItsTargetIsReplaced) {
         world.write("/User/Library/other.plist", oldContent);
         EXPECT_TRUE(write());
         EXPECT_TRUE(fs::is_symlink(world.host(path)));
-        EXPECT_EQ(world.files.read("/User/Library/other.plist"), newContent) << target;
+        EXPECT_EQ(world.read("/User/Library/other.plist"), newContent) << target;
         fs::remove(world.host(directory + "/chain"));
     }
 }
@@ -80,7 +80,7 @@ TEST_P(WrittenFileTest, ThroughALinkToTheOutsideNothingIsWrittenThere) {
         fs::remove(world.host(path));
         fs::create_symlink(target, world.host(path));
         EXPECT_FALSE(write());
-        EXPECT_FALSE(world.files.read(path));
+        EXPECT_FALSE(world.read(path));
     }
     EXPECT_EQ(contents(outside.path() / "x.plist"), "outside");
 }
@@ -90,9 +90,9 @@ TEST_P(WrittenFileTest, ThroughALinkedDirectoryNothingIsWrittenOutside) {
     std::ofstream(outside.path() / "test.plist") << "outside";
     fs::remove_all(world.host(directory));
     fs::create_symlink(outside.path(), world.host(directory));
-    EXPECT_TRUE(write()); // where that path leads on the device
+    EXPECT_TRUE(write()); // to where that path leads on the device
     EXPECT_EQ(contents(outside.path() / "test.plist"), "outside");
-    EXPECT_EQ(world.files.read(path), newContent);
+    EXPECT_EQ(world.read(path), newContent);
 }
 
 TEST_P(WrittenFileTest, DirectoriesAreMadeInTheHomeOnly) {
@@ -100,18 +100,18 @@ TEST_P(WrittenFileTest, DirectoriesAreMadeInTheHomeOnly) {
     EXPECT_FALSE(world.write("/etc/new/x.plist", newContent, GetParam()));
     ASSERT_EQ(world.problems.size(), 1U);
     EXPECT_EQ(world.problems[0],
-              (FileProblem{Kind::unwritable, world.host("/etc/new/x.plist"), std::strerror(ENOENT)}));
+              (Problem{Kind::unwritable, world.host("/etc/new/x.plist"), std::strerror(ENOENT)}));
 }
 
-TEST_P(WrittenFileTest, WhatADeadWriterLeftIsRemoved) {
+TEST_P(WrittenFileTest, FileOfADeadWriterIsRemoved) {
     world.put(directory + "/.prismo2-0123456789abcdef.tmp", "half");
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory), onlyTheFile);
 }
 
-TEST_P(WrittenFileTest, WhatALivingWriterWritesStays) {
+TEST_P(WrittenFileTest, FileOfALivingWriterStays) {
     const UniqueFd opened(::open(world.host(directory).c_str(), O_RDONLY));
-    const TemporaryFile living(opened.get());
+    const auto living = TemporaryFile::make(opened.get(), path);
     ASSERT_TRUE(living);
     EXPECT_TRUE(write());
     EXPECT_EQ(world.names(directory).size(), 2U);

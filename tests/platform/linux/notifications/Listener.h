@@ -11,7 +11,7 @@
 
 namespace prismo {
 
-/// A second process that observes names and tells of each delivery in a line.
+/// A second process that observes names and prints a line for each delivery.
 class Listener {
   public:
     /// Returns when it is listening.
@@ -24,9 +24,9 @@ class Listener {
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
-    /// The next line that it prints. Throws where none comes in time.
+    /// The next line that it prints. Throws if none comes in time.
     std::string line() { return process_.line(); }
-    /// Returns when it stands still.
+    /// Returns when it has stopped.
     void stop() {
         ::kill(process_.id(), SIGSTOP);
         ::waitpid(process_.id(), nullptr, WUNTRACED);

@@ -3,6 +3,7 @@
 #include "platform/local/descriptors/PollDriver.h"
 
 #include <cerrno>
+#include <cstring>
 #include <stdexcept>
 #include <sys/resource.h>
 
@@ -136,21 +137,27 @@ TEST_F(NotifyDirectoryTest, DeliveryThatThrowsLosesNoOtherName) {
     EXPECT_EQ(delivered(), Names{"b"});
 }
 
-TEST_F(NotifyDirectoryTest, DirectoryThatCannotBeMadeIsAnError) {
-    NotifyDirectory nowhere(opener(temporary.path() / "missing" / "notify"));
-    EXPECT_EQ(nowhere.post("changed"), ENOENT);
-    EXPECT_EQ(nowhere.observe("changed"), ENOENT);
+TEST_F(NotifyDirectoryTest, DirectoryThatCannotBeMadeIsAProblem) {
+    const auto missing = temporary.path() / "missing" / "notify";
+    NotifyDirectory nowhere(missing, opener(missing));
+    const auto posted = nowhere.post("changed");
+    ASSERT_FALSE(posted);
+    EXPECT_EQ(posted.problem(), (Problem{Problem::Kind::notPosted, missing, std::strerror(ENOENT)}));
+    const auto observed = nowhere.observe("changed");
+    ASSERT_FALSE(observed);
+    EXPECT_EQ(observed.problem(), posted.problem().as(Problem::Kind::notObserved));
 }
 
-TEST_F(NotifyDirectoryTest, ProcessWithoutDescriptorsGetsAnErrorAndMayTryAgain) {
+TEST_F(NotifyDirectoryTest, ObservationWithoutDescriptorsFailsAndCanBeRepeated) {
     rlimit before{};
     ::getrlimit(RLIMIT_NOFILE, &before);
     const rlimit none{0, before.rlim_max};
     ::setrlimit(RLIMIT_NOFILE, &none);
-    const int error = observer.observe("changed");
+    const auto failed = observer.observe("changed");
     ::setrlimit(RLIMIT_NOFILE, &before);
-    EXPECT_EQ(error, EMFILE);
-    EXPECT_EQ(observer.observe("changed"), 0);
+    ASSERT_FALSE(failed);
+    EXPECT_EQ(failed.problem(), (Problem{Problem::Kind::notObserved, path, std::strerror(EMFILE)}));
+    EXPECT_TRUE(observer.observe("changed"));
     poster.post("changed");
     EXPECT_EQ(delivered(), Names{"changed"});
 }

@@ -1,5 +1,5 @@
-/// Observes names in a directory and prints a line for each delivery: the name and, behind it, what the state
-/// file holds at that moment. First it prints "ready". It ends when its standard input does.
+/// Observes names in a directory and prints a line for each delivery: the name, then the content of the state
+/// file at that moment. Prints "ready" first. Ends when its standard input does.
 ///
 ///     notify-listener DIRECTORY STATE-FILE NAME...
 
@@ -15,9 +15,9 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     PollDriver driver;
     RunLoop loop(driver);
-    NotifyDirectory notifications(opener(arguments.at(0)));
+    NotifyDirectory notifications(arguments.at(0), opener(arguments.at(0)));
     for (std::size_t i = 2; i < arguments.size(); ++i)
-        if (const int error = notifications.observe(arguments[i]); error != 0) return error;
+        if (!notifications.observe(arguments[i])) return 1;
 
     bool finished = false;
     driver.watch(STDIN_FILENO, [&] { finished = true; });

@@ -15,10 +15,10 @@ namespace {
 namespace fs = std::filesystem;
 
 struct NotifyModeTest : testing::Test {
-    std::vector<FileProblem> problemsOfTwoPosts() const {
+    std::vector<Problem> problemsOfTwoPosts() const {
         LinuxDevice device(root.path());
-        std::vector<FileProblem> problems;
-        device.setProblemObserver([&](const FileProblem& problem) { problems.push_back(problem); });
+        std::vector<Problem> problems;
+        device.setProblemObserver([&](const Problem& problem) { problems.push_back(problem); });
         device.postNotification("one");
         device.postNotification("two");
         return problems;
@@ -31,14 +31,14 @@ struct NotifyModeTest : testing::Test {
 
 } // namespace
 
-TEST_F(NotifyModeTest, ANewDirectoryIsItsOwnersAlone) {
+TEST_F(NotifyModeTest, NewDirectoryIsPrivate) {
     const auto before = ::umask(0);
     EXPECT_TRUE(problemsOfTwoPosts().empty());
     ::umask(before);
     EXPECT_EQ(mode(), fs::perms(0700));
 }
 
-TEST_F(NotifyModeTest, OneThatIsOpenToOthersIsClosedToThem) {
+TEST_F(NotifyModeTest, DirectoryThatIsOpenToOthersBecomesPrivate) {
     for (const unsigned wrong : {0777U, 0755U, 0701U, 01700U}) {
         fs::create_directories(notify);
         fs::permissions(notify, fs::perms(wrong));
@@ -48,15 +48,15 @@ TEST_F(NotifyModeTest, OneThatIsOpenToOthersIsClosedToThem) {
     }
 }
 
-TEST_F(NotifyModeTest, OneOfSomebodyElseServesAndIsToldOnce) {
+TEST_F(NotifyModeTest, DirectoryOfAnotherUserWorksAndIsReportedOnce) {
     if (::getuid() != 0) GTEST_SKIP() << "only root can give a directory to somebody else";
     fs::create_directories(notify);
     fs::permissions(notify, fs::perms(0777));
     fs::permissions(root.path(), fs::perms(0755));
     EXPECT_TRUE(asNobody([&] {
         return problemsOfTwoPosts() ==
-               std::vector{FileProblem{FileProblem::Kind::unwritable, notify,
-                                       std::string("Its mode cannot be made 0700: ") + std::strerror(EPERM)}};
+               std::vector{Problem{Problem::Kind::notPrivate, notify,
+                                   std::string("Its mode cannot be made 0700: ") + std::strerror(EPERM)}};
     }));
     EXPECT_TRUE(fs::exists(notify / "two"));
 }

@@ -11,7 +11,7 @@ namespace {
 struct NotifyProcessesTest : testing::Test {
     TemporaryDirectory temporary;
     std::filesystem::path path = temporary.path() / "notify";
-    NotifyDirectory poster{opener(path)};
+    NotifyDirectory poster{path, opener(path)};
 };
 
 TEST_F(NotifyProcessesTest, PostReachesAnotherProcess) {
@@ -51,9 +51,9 @@ TEST_F(NotifyProcessesTest, RunningProcessNeverMissesTheLastState) {
     };
     for (int i = 1; i <= posts; ++i) {
         ASSERT_EQ(::pwrite(state.get(), line(i).data(), 8, 0), 8);
-        ASSERT_EQ(poster.post("changed"), 0);
+        ASSERT_TRUE(poster.post("changed"));
     }
-    // `line` throws when the listener falls silent before it has seen the last state.
+    // `line` throws if the listener stops before it has seen the last state.
     const auto last = "changed " + line(posts);
     int deliveries = 1;
     while (listener.line() != last)
@@ -78,7 +78,7 @@ TEST_F(NotifyProcessesTest, OverflowOfTheQueueCountsAsAPostOfEveryName) {
     EXPECT_EQ(listener.line(), "b ");
 }
 
-TEST_F(NotifyProcessesTest, DirectoryReplacedUnderAProcessLosesItNothing) {
+TEST_F(NotifyProcessesTest, ReplacedDirectoryLosesNoPost) {
     Listener listener(path, {"changed"});
     std::filesystem::remove_all(path);
     EXPECT_EQ(listener.line(), "changed ");

@@ -1,8 +1,9 @@
-// The directory of the notifications removed, moved or replaced under its observers.
+// The notification directory is removed, moved or replaced while it is observed.
 
 #include "tests/platform/linux/notifications/NotifyWorld.h"
 
 #include <cerrno>
+#include <cstring>
 #include <poll.h>
 
 namespace prismo {
@@ -41,8 +42,9 @@ TEST_F(NotifyReplacedDirectoryTest, DirectoryMovedAwayIsNoLongerListenedTo) {
     observer.observe("changed");
     fs::rename(path, temporary.path() / "elsewhere");
     delivered();
-    delivered(); // the kernel's word that the old watch has ended
-    NotifyDirectory(opener(temporary.path() / "elsewhere")).post("changed");
+    delivered(); // the event that the old watch has ended
+    const auto elsewhere = temporary.path() / "elsewhere";
+    NotifyDirectory(elsewhere, opener(elsewhere)).post("changed");
     pollfd ready{observer.descriptor(), POLLIN, 0};
     EXPECT_EQ(::poll(&ready, 1, 0), 0);
 }
@@ -50,12 +52,12 @@ TEST_F(NotifyReplacedDirectoryTest, DirectoryMovedAwayIsNoLongerListenedTo) {
 TEST_F(NotifyReplacedDirectoryTest, DirectoryRemovedDuringAPostIsMadeAgainByIt) {
     observer.observe("changed");
     int opened = 0;
-    NotifyDirectory unlucky([&] {
+    NotifyDirectory unlucky(path, [&] {
         auto directory = opener(path)();
         if (opened++ == 0) fs::remove_all(path);
         return directory;
     });
-    EXPECT_EQ(unlucky.post("changed"), 0);
+    EXPECT_TRUE(unlucky.post("changed"));
     EXPECT_EQ(delivered(), Names{"changed"});
 }
 
@@ -84,14 +86,16 @@ TEST_F(NotifyReplacedDirectoryTest, AnotherDirectoryInTheParentIsNoPost) {
     EXPECT_EQ(delivered(), Names{});
 }
 
-TEST_F(NotifyReplacedDirectoryTest, DirectoryThatCannotBeMadeAgainIsAnErrorAndANewObservationMendsIt) {
+TEST_F(NotifyReplacedDirectoryTest, DirectoryThatCannotBeMadeAgainIsAProblemUntilTheNextObservation) {
     observer.observe("changed");
     fs::remove_all(path.parent_path());
     Names names;
-    EXPECT_EQ(observer.read([&](const std::string& name) { names.push_back(name); }), ENOENT);
+    const auto read = observer.read([&](const std::string& name) { names.push_back(name); });
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.problem(), (Problem{Problem::Kind::notObserved, path, std::strerror(ENOENT)}));
     EXPECT_EQ(names, Names{"changed"});
     fs::create_directory(path.parent_path());
-    EXPECT_EQ(observer.observe("changed"), 0);
+    EXPECT_TRUE(observer.observe("changed"));
     poster.post("changed");
     EXPECT_EQ(delivered(), Names{"changed"});
 }

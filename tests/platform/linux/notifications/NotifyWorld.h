@@ -9,19 +9,19 @@
 
 namespace prismo {
 
-/// A directory that is not yet there, one who observes in it and one who posts.
+/// A directory that does not exist yet, an observer and a poster.
 struct NotifyWorld : testing::Test {
     TemporaryDirectory temporary;
     std::filesystem::path path = temporary.path() / "run" / "notify";
-    NotifyDirectory observer{opener(path)};
-    NotifyDirectory poster{opener(path)};
+    NotifyDirectory observer{path, opener(path)};
+    NotifyDirectory poster{path, opener(path)};
 
     NotifyWorld() { std::filesystem::create_directory(path.parent_path()); }
 
-    /// What is there to be read now; a post is there as soon as it returns.
+    /// What can be read now. A post can be read as soon as it returns.
     std::vector<std::string> delivered() {
         std::vector<std::string> names;
-        EXPECT_EQ(observer.read([&](const std::string& name) { names.push_back(name); }), 0);
+        EXPECT_TRUE(observer.read([&](const std::string& name) { names.push_back(name); }));
         return names;
     }
 };

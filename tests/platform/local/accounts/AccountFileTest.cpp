@@ -9,17 +9,12 @@ namespace {
 
 class AccountFileTest : public testing::Test, public AccountWorld {
   protected:
-    std::optional<AccountFile::Entries> read() {
-        problem.reset();
-        return accountFile(root()).read(&problem);
+    Result<AccountFile::Entries> read() const { return accountFile(root()).read(); }
+    void expectRefusal(Problem::Kind kind, const std::string& cause) const {
+        const auto entries = read();
+        ASSERT_FALSE(entries);
+        EXPECT_EQ(entries.problem(), (Problem{kind, file(), cause}));
     }
-    void expectRefusal(FileProblem::Kind kind, const std::string& cause) {
-        EXPECT_FALSE(read());
-        ASSERT_TRUE(problem);
-        EXPECT_EQ(*problem, (FileProblem{kind, file(), cause}));
-    }
-
-    std::optional<FileProblem> problem;
 };
 
 } // namespace
@@ -34,15 +29,12 @@ TEST_F(AccountFileTest, AccountsComeInTheFilesOrderWithTheirSecrets) {
     EXPECT_EQ(entries[0].secrets.token, "token");
     EXPECT_EQ(entries[0].secrets.tokenSecret, "hushToo");
     EXPECT_EQ(entries[1].account, (Account{"1", "amy"}));
-    EXPECT_FALSE(problem);
 }
 
-TEST_F(AccountFileTest, MissingFileIsRefusedWithoutAProblem) {
-    EXPECT_FALSE(read());
-    EXPECT_FALSE(problem);
+TEST_F(AccountFileTest, MissingFileIsMissing) {
+    expectRefusal(Problem::Kind::missing, "No such file or directory");
     std::filesystem::remove(file().parent_path());
-    EXPECT_FALSE(read());
-    EXPECT_FALSE(problem);
+    expectRefusal(Problem::Kind::missing, "No such file or directory");
 }
 
 TEST_F(AccountFileTest, EmptyListIsAList) {
@@ -50,7 +42,7 @@ TEST_F(AccountFileTest, EmptyListIsAList) {
     EXPECT_TRUE(read().value().empty());
 }
 
-TEST_F(AccountFileTest, EntriesThatLackSomethingAreLeftOut) {
+TEST_F(AccountFileTest, IncompleteEntriesAreLeftOut) {
     writeAccounts("<string>amy</string><dict/>" + entry("", "noIdentifier") + entry("1", "") +
                   entry("1", "noTokenSecret", {"a", "b", "c", ""}) + entry("7", "amy") +
                   "<dict><key>identifier</key><integer>8</integer></dict>");
@@ -59,32 +51,32 @@ TEST_F(AccountFileTest, EntriesThatLackSomethingAreLeftOut) {
     EXPECT_EQ(entries[0].account, (Account{"7", "amy"}));
 }
 
-TEST_F(AccountFileTest, FileThatOthersCanUseIsNotBelieved) {
+TEST_F(AccountFileTest, FileThatOthersCanAccessIsNotTrusted) {
     for (const mode_t mode : {0640U, 0620U, 0610U, 0604U, 0602U, 0601U, 0644U}) {
         writeAccounts(entry("1", "amy"), mode);
-        expectRefusal(FileProblem::Kind::unreadable,
+        expectRefusal(Problem::Kind::unreadable,
                       "Holds secrets, and others have access to it (chmod 600 takes that away)");
     }
 }
 
-TEST_F(AccountFileTest, FileThatOnlyItsOwnerReadsIsBelieved) {
+TEST_F(AccountFileTest, FileThatOnlyItsOwnerCanReadIsTrusted) {
     writeAccounts(entry("1", "amy"), 0400);
     EXPECT_EQ(read().value().size(), 1U);
 }
 
-TEST_F(AccountFileTest, FileOfAnotherUserIsNotBelieved) {
+TEST_F(AccountFileTest, FileOfAnotherUserIsNotTrusted) {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can give a file away";
     writeAccounts(entry("1", "amy"));
     ASSERT_EQ(::chown(file().c_str(), 12345, 0), 0);
-    expectRefusal(FileProblem::Kind::unreadable, "Belongs to another user");
+    expectRefusal(Problem::Kind::unreadable, "Belongs to another user");
 }
 
-TEST_F(AccountFileTest, OnlyARegularFileIsBelieved) {
+TEST_F(AccountFileTest, OnlyARegularFileIsTrusted) {
     ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
-    expectRefusal(FileProblem::Kind::unreadable, "Not a regular file");
+    expectRefusal(Problem::Kind::unreadable, "Not a regular file");
     std::filesystem::remove(file());
     std::filesystem::create_directory(file());
-    expectRefusal(FileProblem::Kind::unreadable, "Is a directory");
+    expectRefusal(Problem::Kind::unreadable, "Is a directory");
 }
 
 TEST_F(AccountFileTest, LinkOutOfTheDeviceLeadsNowhere) {
@@ -99,17 +91,17 @@ TEST_F(AccountFileTest, LinkOutOfTheDeviceLeadsNowhere) {
 TEST_F(AccountFileTest, FileWithoutAListIsMalformed) {
     const std::string cause = "Holds no list of accounts";
     write("<key>accounts</key><string>amy</string>");
-    expectRefusal(FileProblem::Kind::malformed, cause);
+    expectRefusal(Problem::Kind::malformed, cause);
     write("");
-    expectRefusal(FileProblem::Kind::malformed, cause);
+    expectRefusal(Problem::Kind::malformed, cause);
     std::ofstream(file()) << "no property list";
-    expectRefusal(FileProblem::Kind::malformed, cause);
+    expectRefusal(Problem::Kind::malformed, cause);
 }
 
 TEST_F(AccountFileTest, EndlessFileIsNotRead) {
     writeAccounts(entry("1", "amy"));
     std::filesystem::resize_file(file(), std::uintmax_t{1} << 40);
-    expectRefusal(FileProblem::Kind::unreadable, "File too large");
+    expectRefusal(Problem::Kind::unreadable, "File too large");
 }
 
 } // namespace prismo

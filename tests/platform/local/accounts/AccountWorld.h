@@ -16,10 +16,10 @@ inline AccountFile accountFile(const DeviceRoot& root) {
             root.hostPath(AccountFile::path)};
 }
 
-/// A device root whose account file a test writes.
+/// A device root with an account file that a test writes.
 class AccountWorld {
   public:
-    AccountWorld() : root_(directory_.path()) { std::filesystem::create_directories(file().parent_path()); }
+    AccountWorld() { std::filesystem::create_directories(file().parent_path()); }
 
     const DeviceRoot& root() const { return root_; }
     const std::filesystem::path& directory() const { return directory_.path(); }
@@ -47,7 +47,7 @@ class AccountWorld {
     }
 
     TemporaryDirectory directory_;
-    DeviceRoot root_;
+    DeviceRoot root_ = DeviceRoot::at(directory_.path()).value();
 };
 
 } // namespace prismo

@@ -48,8 +48,8 @@ TEST(OAuthTest, SignatureWithATokenIsTheStandardsOwn) {
     EXPECT_EQ(oauth::signature(base, "kd94hf93k423kf44", "pfkkdhi9sl3r4s00"), "MdpQcU8iPSUjWoN/UDMsK2sui9I=");
 }
 
-TEST(OAuthTest, ParametersAreSortedAsTheyStandEncoded) {
-    // "~" stays and comes after "%" and the letters, though "ü" is the greater byte before it is encoded.
+TEST(OAuthTest, ParametersAreSortedInEncodedForm) {
+    // "~" stays and comes after "%" and the letters, although "ü" is the greater byte before it is encoded.
     const auto base = oauth::signatureBaseString("GET", "u", {{"~", "1"}, {"a", "2"}, {"ü", "3"}});
     EXPECT_EQ(base, "GET&u&%25C3%25BC%3D3%26a%3D2%26~%3D1");
 }
@@ -60,7 +60,7 @@ TEST(OAuthTest, ValuesOfOneNameAreSorted) {
     EXPECT_EQ(base, "GET&u&a%3DB%26a%3Db%26a%3Dz%26a-%3D0");
 }
 
-TEST(OAuthTest, WhatIsNoEscapeIsTakenAsItStands) {
+TEST(OAuthTest, InvalidEscapesAreKept) {
     EXPECT_EQ(oauth::formDecoded("a=%4&b=%zz&c=%&=d&&e"),
               (Parameters{{"a", "%4"}, {"b", "%zz"}, {"c", "%"}, {"", "d"}, {"e", ""}}));
 }
@@ -70,7 +70,7 @@ TEST(OAuthTest, FormDecodingUndoesFormEncoding) {
     EXPECT_EQ(oauth::formDecoded(oauth::formEncoded(parameters)), parameters);
 }
 
-TEST(OAuthTest, NoOccasionIsLikeAnother) {
+TEST(OAuthTest, OccasionsDiffer) {
     EXPECT_NE(oauth::Occasion::now().value().nonce, oauth::Occasion::now().value().nonce);
 }
 

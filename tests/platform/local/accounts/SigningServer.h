@@ -9,23 +9,23 @@
 
 namespace prismo {
 
-/// A second process that checks signatures with an implementation of its own, behind TLS.
+/// A second process that checks signatures with its own implementation, behind TLS.
 class SigningServer {
   public:
-    /// The name that its certificate is for, without another.
+    /// The default name of its certificate.
     static constexpr const char* host = "api.example.test";
-    /// What it accepts. Secrets have characters that must not stand in a signature's key as they are.
+    /// What it accepts. The secrets have characters that must be encoded in the key of a signature.
     static AccountSecrets secrets();
 
     /// Returns when it is listening. Its certificate is for `name`.
     explicit SigningServer(std::string name = host);
 
-    /// Trusts it, and finds it under its name or another.
+    /// Options that trust it, and find it under its name or another one.
     TransferOptions options() const { return options(name_); }
     TransferOptions options(const std::string& name) const;
-    /// The next request that came in. Throws where none comes in time.
+    /// The next request that it received. Throws if none comes in time.
     nlohmann::json request() { return nlohmann::json::parse(process_.line()); }
-    /// Has a request come in that `request` has not returned?
+    /// Has it received a request that `request` has not returned?
     bool hasRequest() { return process_.hasLine(); }
 
   private:

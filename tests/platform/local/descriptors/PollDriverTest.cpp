@@ -41,7 +41,7 @@ struct PollDriverTest : testing::Test {
     Pipe c;
     std::string calls;
 
-    /// Empties the pipe and writes its name into `calls`.
+    /// Empties the pipe and adds its name to `calls`.
     void note(const Pipe& pipe, char name) {
         driver.watch(pipe.readEnd.get(), [this, &pipe, name] {
             pipe.drain();
@@ -74,9 +74,9 @@ TEST_F(PollDriverTest, TimerNeverFiresEarly) {
 TEST_F(PollDriverTest, WaitForATimeThatHasPassedReturns) { driver.wait(driver.now() - 1h); }
 
 TEST_F(PollDriverTest, SignalsDoNotShortenARun) {
-    struct sigaction ignored {};
+    struct sigaction ignored = {};
     ignored.sa_handler = [](int) {};
-    struct sigaction before {};
+    struct sigaction before = {};
     ::sigaction(SIGALRM, &ignored, &before);
     const itimerval often{{0, 500}, {0, 500}};
     ::setitimer(ITIMER_REAL, &often, nullptr);
@@ -112,7 +112,7 @@ TEST_F(PollDriverTest, WakeUpFromAnotherThreadEndsAWait) {
     EXPECT_LT(driver.now(), deadline);
 }
 
-TEST_F(PollDriverTest, BlocksOfOtherThreadsAreAllCalledInEachOnesOrder) {
+TEST_F(PollDriverTest, BlocksOfEachThreadAreCalledInOrder) {
     constexpr int threads = 4;
     constexpr int blocks = 1000;
     std::array<int, threads> next{};
@@ -136,7 +136,7 @@ TEST_F(PollDriverTest, BlocksOfOtherThreadsAreAllCalledInEachOnesOrder) {
     EXPECT_TRUE(inOrder);
 }
 
-TEST(VirtualPollDriver, TimeStandsWhileItIsHeld) {
+TEST(VirtualPollDriver, TimeStopsWhileItIsHeld) {
     PollDriver driver(PollDriver::Clock::virtualTime);
     RunLoop loop(driver);
     std::atomic<bool> isDone = false;
@@ -154,7 +154,7 @@ TEST(VirtualPollDriver, TimeStandsWhileItIsHeld) {
     EXPECT_EQ(loop.now(), 5s);
 }
 
-TEST_F(PollDriverTest, TimeThatGoesByItselfIsNotHeld) { EXPECT_FALSE(driver.holdClock()); }
+TEST_F(PollDriverTest, MonotonicTimeIsNotHeld) { EXPECT_FALSE(driver.holdClock()); }
 
 TEST_F(PollDriverTest, ReadableDescriptorsAreDispatchedInTheOrderOfWatching) {
     note(b, 'b');
@@ -201,7 +201,7 @@ TEST_F(PollDriverTest, CallbackMayEndItsOwnWatch) {
     EXPECT_EQ(calls, "held");
 }
 
-TEST_F(PollDriverTest, UnwatchedDescriptorIsNotDispatchedThoughItWasReady) {
+TEST_F(PollDriverTest, UnwatchedDescriptorIsNotDispatchedEvenIfReady) {
     driver.watch(a.readEnd.get(), [&] {
         a.drain();
         driver.unwatch(b.readEnd.get());
@@ -213,7 +213,7 @@ TEST_F(PollDriverTest, UnwatchedDescriptorIsNotDispatchedThoughItWasReady) {
     EXPECT_EQ(calls, "");
 }
 
-TEST_F(PollDriverTest, DescriptorWatchedAnewIsNotDispatchedForWhatCameBefore) {
+TEST_F(PollDriverTest, DescriptorWatchedAgainIsNotDispatchedForOldEvents) {
     driver.watch(a.readEnd.get(), [&] {
         a.drain();
         b.drain();
@@ -243,7 +243,7 @@ TEST_F(PollDriverTest, NestedRunDispatchesTheRestAndNothingIsDispatchedTwice) {
     EXPECT_EQ(calls, "(bc)");
 }
 
-TEST_F(PollDriverTest, WhatIsLeftByACallbackThatThrowsIsDispatchedNext) {
+TEST_F(PollDriverTest, RestAfterACallbackThatThrowsIsDispatchedNext) {
     driver.watch(a.readEnd.get(), [&] {
         a.drain();
         throw std::runtime_error("a");

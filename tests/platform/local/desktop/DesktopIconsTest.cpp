@@ -31,7 +31,7 @@ TEST_F(DesktopIconsTest, IconIsReadUnderAPathOfTheDevice) {
     EXPECT_EQ(icons.read(path), (Data{'i', 'c', 'o', 'n'}));
 }
 
-TEST_F(DesktopIconsTest, ApplicationWithoutAnIconStaysWithout) {
+TEST_F(DesktopIconsTest, ApplicationWithoutAnIconHasNone) {
     icons.adopt(applications);
     EXPECT_EQ(applications[1].iconPath, "");
     EXPECT_FALSE(icons.holds("/var/run/desktop-icons/org.example.b.png"));
@@ -53,7 +53,7 @@ TEST_F(DesktopIconsTest, IconsOfTheLastListAreGone) {
     EXPECT_FALSE(icons.holds(path));
 }
 
-TEST_F(DesktopIconsTest, PipeInTheIconsPlaceHoldsNobodyUp) {
+TEST_F(DesktopIconsTest, FifoInsteadOfAnIconDoesNotBlock) {
     icons.adopt(applications);
     std::filesystem::remove(file);
     ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);

@@ -34,7 +34,7 @@ class DesktopTest : public testing::Test {
     }
 
     DesktopWorld& world = DesktopWorld::shared();
-    ServiceLibrary<DesktopServices> library{[](const std::string&, const std::string&) {}};
+    ServiceLibrary<DesktopServices> library{[](const Problem&) {}};
 };
 
 using Texts = std::vector<std::string>;
@@ -72,7 +72,7 @@ TEST_F(DesktopTest, HandlerHoldsNoStreamOfThisProcess) {
     EXPECT_EQ(world.start().streams, (Texts{"/dev/null", "/dev/null", "/dev/null"}));
 }
 
-TEST_F(DesktopTest, HandlerTakesSignalsThatTheOpeningThreadHoldsOff) {
+TEST_F(DesktopTest, HandlerAcceptsSignalsThatTheOpeningThreadBlocks) {
     bool opened = false;
     std::thread([&] {
         sigset_t all;
@@ -84,7 +84,7 @@ TEST_F(DesktopTest, HandlerTakesSignalsThatTheOpeningThreadHoldsOff) {
     EXPECT_EQ(world.start().heldOffSignals, "0000000000000000");
 }
 
-TEST_F(DesktopTest, WhatIsNoLinkIsNotOpened) {
+TEST_F(DesktopTest, InvalidLinkIsNotOpened) {
     const Texts urls{"",
                      ":",
                      "tweetbot",
@@ -118,12 +118,12 @@ TEST_F(DesktopTest, LongLinkIsOpened) {
     EXPECT_EQ(world.start().arguments, (Texts{"--link", url}));
 }
 
-TEST_F(DesktopTest, HandlerThatTakesNoLinksIsNone) {
+TEST_F(DesktopTest, HandlerThatTakesNoLinksIsIgnored) {
     EXPECT_FALSE(desktop().canOpen("files:a"));
     EXPECT_FALSE(desktop().open("files:a"));
 }
 
-TEST_F(DesktopTest, HandlerWithoutAProgramIsNone) {
+TEST_F(DesktopTest, HandlerWithoutAProgramIsIgnored) {
     EXPECT_FALSE(desktop().canOpen("broken:a"));
     EXPECT_FALSE(desktop().open("broken:a"));
 }

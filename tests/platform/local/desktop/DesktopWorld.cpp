@@ -42,7 +42,7 @@ DesktopWorld::DesktopWorld() {
     writeApplications();
     writeHandlers();
     ::mkfifo(startsPipe().c_str(), 0600);
-    // For both, so that the end of a writer is not the end of the pipe.
+    // Open for reading and writing, so that the end of a writer does not end the pipe.
     starts_.reset(::open(startsPipe().c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
 }
 

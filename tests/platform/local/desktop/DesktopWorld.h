@@ -9,25 +9,25 @@
 
 namespace prismo {
 
-/// The files of a desktop, in place of this machine's and without a display or a bus, for the rest of the
-/// process: the desktop's library reads them once. What its applications are started with can be asked for.
+/// The files of a desktop, which replace this machine's for the rest of the process, since the desktop's
+/// library reads them once. Needs no display and no bus. Shows what its applications were started with.
 ///
 /// Applications: "own" and "link-handler" of the user; "system", with icons of all kinds; some that no menu
-/// shows. Links: "tweetbot" (link-handler), "embedded" (the link as a part of an argument), "files" (an
-/// application that takes no links), "broken" (one whose program is not there).
+/// shows. Links: "tweetbot" (link-handler), "embedded" (the link is part of an argument), "files" (an
+/// application that takes no links), "broken" (its program is missing).
 class DesktopWorld {
   public:
-    /// The one of this process.
+    /// This process's only one.
     static DesktopWorld& shared();
 
     struct Start {
         std::vector<std::string> arguments;
-        /// What its standard input, output and error are.
+        /// Its standard input, output and error.
         std::vector<std::string> streams;
-        /// The signals that it holds off, in hexadecimal.
+        /// The signals that it blocks, in hexadecimal.
         std::string heldOffSignals;
     };
-    /// The next application that was started. Throws where there is none in time.
+    /// The next application that was started. Throws if there is none in time.
     Start start();
 
     std::filesystem::path userData() const { return directory_.path() / "home/.local/share"; }

@@ -1,5 +1,5 @@
 /// bundle-probe NAME ROOT: loads the settings bundle NAME, opens its page on the device ROOT and prints the
-/// name of its class, the width of its share image and the names of its rows; or the cause where it cannot be
+/// name of its class, the width of its share image and the names of its rows, or the cause if it cannot be
 /// loaded.
 
 #include "platform/linux/LinuxDevice.h"
@@ -15,7 +15,7 @@
 int main(int count, char** arguments) {
     if (count != 3) return 2;
     try {
-        const auto& principal = prismo::loadPreferenceBundle(arguments[1]);
+        const auto& principal = *prismo::valueOrThrow(prismo::loadPreferenceBundle(arguments[1]));
         prismo::LinuxDevice device(arguments[2]);
         const prismo::Device::Current current(device);
         const auto page = std::dynamic_pointer_cast<prismo::PSListController>(principal.create());

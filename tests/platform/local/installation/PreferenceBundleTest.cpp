@@ -1,4 +1,4 @@
-// Settings bundles, loaded by a program that knows nothing of what they hold.
+// Settings bundles, loaded by a program that does not know what they contain.
 
 #include "platform/local/processes/ChildProcess.h"
 #include "tests/support/Directories.h"
@@ -24,7 +24,7 @@ Lines lines(const std::string& text) {
     return result;
 }
 
-/// A program that is installed somewhere, with a bundle "Example" that is a copy of the real one.
+/// A program in an installation of its own, with a bundle "Example" that is a copy of the real one.
 struct PreferenceBundleTest : testing::Test {
     PreferenceBundleTest() {
         fs::create_directories(bundle);
@@ -33,7 +33,7 @@ struct PreferenceBundleTest : testing::Test {
         fs::copy(fs::path(BUNDLE).parent_path(), bundle);
     }
 
-    /// What the program says of the bundle: one line where it cannot be loaded.
+    /// What the program prints about the bundle: one line if it cannot be loaded.
     Lines load(const std::string& name = "Example") const {
         return lines(runAndRead(program, {name, root.path()}).value());
     }
@@ -68,7 +68,7 @@ TEST_F(PreferenceBundleTest, PageBuildsTheRowsOfSystemScope) {
 }
 
 TEST_F(PreferenceBundleTest, ItsImageIsReadFromTheBaseLayer) {
-    // By its fixed path on the device, which names the real bundle.
+    // The page uses a fixed path on the device, which is that of the real bundle.
     const auto real = lines(runAndRead(BUNDLE_PROBE, {"Prismo2Prefs", root.path()}).value());
     ASSERT_GT(real.size(), 2U);
     EXPECT_EQ(real[1], "44");
@@ -79,12 +79,12 @@ TEST_F(PreferenceBundleTest, PrincipalClassIsTheOneThatItsInfoNames) {
     EXPECT_EQ(load(), (Lines{"PrismoTypeItemsController", "-", "", "Global", "", "Disabled", "", "Custom"}));
 }
 
-TEST_F(PreferenceBundleTest, BundleThatIsNotThereIsAMissingInfo) {
+TEST_F(PreferenceBundleTest, MissingBundleIsAMissingInfo) {
     EXPECT_EQ(load("Other"), (Lines{(bundle.parent_path() / "Other.bundle/Info.plist").string() +
                                     ": No such file or directory"}));
 }
 
-TEST_F(PreferenceBundleTest, InfoThatIsMissingIsTheCause) {
+TEST_F(PreferenceBundleTest, MissingInfoIsTheCause) {
     fs::remove(bundle / "Info.plist");
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": No such file or directory"}));
 }
@@ -95,7 +95,7 @@ TEST_F(PreferenceBundleTest, InfoThatIsADirectoryIsTheCause) {
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": Is a directory"}));
 }
 
-TEST_F(PreferenceBundleTest, InfoThatIsNoPropertyListIsTheCause) {
+TEST_F(PreferenceBundleTest, InfoThatIsNotAPropertyListIsTheCause) {
     std::ofstream(bundle / "Info.plist") << "{}";
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": not a property list"}));
 }
@@ -105,7 +105,7 @@ TEST_F(PreferenceBundleTest, InfoWithoutAnExecutableIsTheCause) {
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": names no CFBundleExecutable"}));
 }
 
-TEST_F(PreferenceBundleTest, ExecutableOutsideTheBundleIsNone) {
+TEST_F(PreferenceBundleTest, ExecutableOutsideTheBundleIsIgnored) {
     writeInfo(entry("CFBundleExecutable", "../Example.bundle/Prismo2Prefs") + principal);
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": names no CFBundleExecutable"}));
 }
@@ -115,18 +115,18 @@ TEST_F(PreferenceBundleTest, InfoWithoutAPrincipalClassIsTheCause) {
     EXPECT_EQ(load(), (Lines{path("Info.plist") + ": names no NSPrincipalClass"}));
 }
 
-TEST_F(PreferenceBundleTest, ExecutableThatIsMissingIsTheCause) {
+TEST_F(PreferenceBundleTest, MissingExecutableIsTheCause) {
     fs::remove(bundle / "Prismo2Prefs");
     EXPECT_EQ(load(), (Lines{path("Prismo2Prefs") + ": cannot open shared object file: No such file or "
                                                     "directory"}));
 }
 
-TEST_F(PreferenceBundleTest, ExecutableThatIsNoCodeIsTheCause) {
+TEST_F(PreferenceBundleTest, ExecutableThatIsNotCodeIsTheCause) {
     std::ofstream(bundle / "Prismo2Prefs") << "#!/bin/sh";
     EXPECT_EQ(load(), (Lines{path("Prismo2Prefs") + ": file too short"}));
 }
 
-TEST_F(PreferenceBundleTest, LibraryThatRegistersNothingIsNoBundle) {
+TEST_F(PreferenceBundleTest, LibraryThatRegistersNothingIsNotABundle) {
     fs::copy(NO_BUNDLE, bundle / "Prismo2Prefs", fs::copy_options::overwrite_existing);
     EXPECT_EQ(load(), (Lines{path("Prismo2Prefs") + ": not a settings bundle"}));
 }
@@ -136,12 +136,12 @@ TEST_F(PreferenceBundleTest, PrincipalClassThatIsNotRegisteredIsTheCause) {
     EXPECT_EQ(load(), (Lines{path("Prismo2Prefs") + ": has no class NoSuchController"}));
 }
 
-TEST_F(PreferenceBundleTest, NameThatLeadsElsewhereIsNoBundle) {
+TEST_F(PreferenceBundleTest, NameThatLeadsElsewhereIsNotABundle) {
     for (const std::string name : {"", ".", "../Example", "a/b"})
         EXPECT_EQ(load(name), (Lines{"no bundle can be named '" + name + "'"}));
 }
 
-TEST_F(PreferenceBundleTest, WhereEverybodyCanWriteNothingIsLoaded) {
+TEST_F(PreferenceBundleTest, NothingIsLoadedIfEverybodyCanWriteThere) {
     fs::permissions(installation.path(), fs::perms::all);
     EXPECT_EQ(load(), (Lines{bundle.string() + "/: Everybody can write to " + installation.path().string()}));
 }

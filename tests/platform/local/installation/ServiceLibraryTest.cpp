@@ -9,14 +9,13 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace prismo {
 
 namespace {
 
-using Reports = std::vector<std::pair<std::string, std::string>>;
+using Reports = std::vector<Problem>;
 
 struct Missing {
     static constexpr const char* serviceName = "missing";
@@ -30,14 +29,13 @@ struct Misnamed {
 template <typename Interface>
 Reports reports(int asked) {
     Reports result;
-    ServiceLibrary<Interface> library(
-        [&](std::string path, std::string cause) { result.emplace_back(std::move(path), std::move(cause)); });
+    ServiceLibrary<Interface> library([&](const Problem& problem) { result.push_back(problem); });
     for (int i = 0; i < asked; ++i)
         EXPECT_EQ(library.service(), nullptr);
     return result;
 }
 
-/// A program that is installed somewhere.
+/// A program in an installation of its own.
 class Installation {
   public:
     Installation() {
@@ -61,7 +59,7 @@ class Installation {
 
 } // namespace
 
-TEST(ServiceLibraryTest, ServicesStandBesideTheProgramWhereverThatIs) {
+TEST(ServiceLibraryTest, ServicesAreFoundRelativeToTheProgram) {
     const Installation installation;
     installation.installServices();
     EXPECT_EQ(installation.answer(), "found");
@@ -73,7 +71,7 @@ TEST(ServiceLibraryTest, ServicesOfAnotherInstallationAreNotUsed) {
               (installation.services / "libprismo2-desktop.so").string() + ": No such file or directory");
 }
 
-TEST(ServiceLibraryTest, WhereEverybodyCanWriteNothingIsLoaded) {
+TEST(ServiceLibraryTest, NothingIsLoadedIfEverybodyCanWriteThere) {
     const Installation installation;
     installation.installServices();
     std::filesystem::permissions(installation.prefix(), std::filesystem::perms::all);
@@ -82,9 +80,7 @@ TEST(ServiceLibraryTest, WhereEverybodyCanWriteNothingIsLoaded) {
 }
 
 TEST(ServiceLibraryTest, ServicesOfTheBuildTreeAreFound) {
-    const auto fail = [](const std::string& path, const std::string& cause) {
-        ADD_FAILURE() << path << cause;
-    };
+    const auto fail = [](const Problem& problem) { ADD_FAILURE() << problem.text(); };
     ServiceLibrary<DesktopServices> desktop(fail);
     ServiceLibrary<RequestSender> sender(fail);
     EXPECT_NE(desktop.service(), nullptr);
@@ -92,12 +88,12 @@ TEST(ServiceLibraryTest, ServicesOfTheBuildTreeAreFound) {
 }
 
 TEST(ServiceLibraryTest, ServiceIsMadeOnce) {
-    ServiceLibrary<DesktopServices> desktop([](const std::string&, const std::string&) {});
+    ServiceLibrary<DesktopServices> desktop([](const Problem&) {});
     EXPECT_EQ(desktop.service(), desktop.service());
 }
 
 TEST(ServiceLibraryTest, SenderOfTheLibraryRefusesWhatIsNotHttps) {
-    ServiceLibrary<RequestSender> library([](const std::string&, const std::string&) {});
+    ServiceLibrary<RequestSender> library([](const Problem&) {});
     auto* sender = library.service();
     ASSERT_NE(sender, nullptr);
     Answer<int> answer;
@@ -105,17 +101,18 @@ TEST(ServiceLibraryTest, SenderOfTheLibraryRefusesWhatIsNotHttps) {
     EXPECT_EQ(answer.get(), 0);
 }
 
-TEST(ServiceLibraryTest, MissingLibraryIsToldOnce) {
+TEST(ServiceLibraryTest, MissingLibraryIsReportedOnce) {
     const auto told = reports<Missing>(2);
     ASSERT_EQ(told.size(), 1U);
-    EXPECT_TRUE(told[0].first.ends_with("/prismo2/libprismo2-missing.so")) << told[0].first;
-    EXPECT_EQ(told[0].second, "No such file or directory");
+    EXPECT_TRUE(told[0].path.ends_with("/prismo2/libprismo2-missing.so")) << told[0].path;
+    EXPECT_EQ(told[0].kind, Problem::Kind::missingService);
+    EXPECT_EQ(told[0].cause, "No such file or directory");
 }
 
-TEST(ServiceLibraryTest, LibraryWithoutTheMakerIsTold) {
+TEST(ServiceLibraryTest, LibraryWithoutTheMakerIsReported) {
     const auto told = reports<Misnamed>(1);
     ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0].second, "undefined symbol: prismo2MakeMissing");
+    EXPECT_EQ(told[0].cause, "undefined symbol: prismo2MakeMissing");
 }
 
 } // namespace prismo

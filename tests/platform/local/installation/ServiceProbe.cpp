@@ -1,4 +1,4 @@
-/// Prints "found", or the path and the cause of what is missing for the desktop's service.
+/// Prints "found", or the problem with the desktop's service.
 
 #include "platform/local/installation/ServiceLibrary.h"
 
@@ -8,6 +8,6 @@
 
 int main() {
     prismo::ServiceLibrary<prismo::DesktopServices> library(
-        [](const std::string& path, const std::string& cause) { std::cout << path << ": " << cause; });
+        [](const prismo::Problem& problem) { std::cout << problem.text(); });
     if (library.service()) std::cout << "found";
 }

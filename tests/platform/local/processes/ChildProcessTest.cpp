@@ -19,7 +19,7 @@ using Texts = std::vector<std::string>;
 
 std::string shell(const std::string& script) { return runAndRead("/bin/sh", {"-c", script}).value(); }
 
-/// Waits until no child of this process is left, neither running nor ended and not collected.
+/// Waits until this process has no child left, not even a zombie.
 bool noChildIsLeft() {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
     siginfo_t ended{};
@@ -30,7 +30,7 @@ bool noChildIsLeft() {
     return false;
 }
 
-/// What the child wrote to `output`, read to its end.
+/// Everything that the child wrote to `output`.
 std::string read(int output) {
     std::string text;
     std::array<char, 4096> buffer{};
@@ -39,14 +39,17 @@ std::string read(int output) {
     return text;
 }
 
-TEST(RunAndRead, ReturnsWhatTheChildWrote) { EXPECT_EQ(runAndRead("/bin/echo", {"a", "b  c"}), "a b  c\n"); }
+TEST(RunAndRead, ReturnsWhatTheChildWrote) {
+    EXPECT_EQ(runAndRead("/bin/echo", {"a", "b  c"}).value(), "a b  c\n");
+}
 
 TEST(RunAndRead, ReadsLongOutputToItsEnd) {
-    EXPECT_EQ(runAndRead("/usr/bin/head", {"-c", "1048576", "/dev/zero"}), std::string(1 << 20, '\0'));
+    EXPECT_EQ(runAndRead("/usr/bin/head", {"-c", "1048576", "/dev/zero"}).value(),
+              std::string(1 << 20, '\0'));
 }
 
 TEST(RunAndRead, FirstArgumentIsTheExecutableItself) {
-    EXPECT_EQ(runAndRead("/bin/sh", {"-c", "echo \"$0 $1\"", "x", "y"}), "x y\n");
+    EXPECT_EQ(runAndRead("/bin/sh", {"-c", "echo \"$0 $1\"", "x", "y"}).value(), "x y\n");
     EXPECT_EQ(shell("tr '\\0' '|' < /proc/$$/cmdline").substr(0, 11), "/bin/sh|-c|");
 }
 
@@ -81,11 +84,16 @@ TEST(RunAndRead, ChildThatClosesItsOutputDoesNotHoldTheRead) {
     EXPECT_TRUE(noChildIsLeft());
 }
 
-TEST(RunAndRead, MissingExecutableIsNotRun) { EXPECT_EQ(runAndRead("/nonexistent", {}), std::nullopt); }
+TEST(RunAndRead, MissingExecutableIsNotRun) {
+    const auto output = runAndRead("/nonexistent", {});
+    ASSERT_FALSE(output);
+    EXPECT_EQ(output.problem(),
+              (Problem{Problem::Kind::notStarted, "/nonexistent", "No such file or directory"}));
+}
 
-TEST(RunAndRead, ExecutableIsNotSearchedFor) { EXPECT_EQ(runAndRead("echo", {"a"}), std::nullopt); }
+TEST(RunAndRead, ExecutableIsNotSearchedFor) { EXPECT_FALSE(runAndRead("echo", {"a"})); }
 
-TEST(RunAndRead, WorksWhereTheHostHasNoStandardInputAndOutput) {
+TEST(RunAndRead, WorksIfTheHostHasNoStandardInputAndOutput) {
     const UniqueFd input(::dup(STDIN_FILENO));
     const UniqueFd output(::dup(STDOUT_FILENO));
     ::close(STDIN_FILENO);
@@ -146,11 +154,11 @@ TEST(SpawnDetached, ReturnsWhileTheChildRuns) {
     EXPECT_TRUE(noChildIsLeft());
 }
 
-TEST(SpawnDetached, SecondChildRunsBesideTheFirst) {
+TEST(SpawnDetached, SecondChildRunsNextToTheFirst) {
     const TemporaryDirectory temporary;
     const auto gate = temporary.path() / "gate";
     ASSERT_EQ(::mkfifo(gate.c_str(), 0600), 0);
-    // The first one ends by what the second one does.
+    // The second child ends the first one.
     EXPECT_EQ(spawnDetached("/bin/sh", {"sh", "-c", "read line < " + gate.string()}, {}), 0);
     EXPECT_EQ(spawnDetached("/bin/sh", {"sh", "-c", "echo go > " + gate.string()}, {}), 0);
     EXPECT_TRUE(noChildIsLeft());

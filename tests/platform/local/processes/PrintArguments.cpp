@@ -1,5 +1,5 @@
-/// Writes its arguments, "--" and its environment, each ended by a NUL, to the descriptor that the
-/// environment's OUTPUT names.
+/// Writes its arguments, "--" and its environment, each followed by a NUL, to the descriptor in the
+/// environment variable OUTPUT.
 
 #include <cstdlib>
 #include <string>

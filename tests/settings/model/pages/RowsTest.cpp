@@ -50,7 +50,7 @@ TEST_F(RowsTest, SwitchThatCouldNotBeWrittenStaysAsItWas) {
     device.failWrites(settingsFilePath, "No space left on device");
     bool wasTried = false;
     device.setProblemObserver(
-        [&](const FileProblem& problem) { wasTried |= problem.kind == FileProblem::Kind::unwritable; });
+        [&](const Problem& problem) { wasTried |= problem.kind == Problem::Kind::unwritable; });
     tap("Prismo Enabled");
     device.setProblemObserver({});
     EXPECT_TRUE(wasTried);
