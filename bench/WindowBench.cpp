@@ -56,7 +56,7 @@ class Bench {
     Table& table() { return *qobject_cast<Page*>(phone_->pages()->top())->table(); }
 
     /// The first row of this kind on the top page. Waits until the page has one.
-    int row(const QString& kind) {
+    int row(RowKind::Kind kind) {
         int found = -1;
         runUntil([&] {
             for (int row = 0; row < table().rowCount() && found < 0; ++row)
@@ -71,8 +71,8 @@ class Bench {
     }
 
     void open() {
-        table().tap(row("link"));
-        row("switch");
+        table().tap(row(RowKind::Link));
+        row(RowKind::Switch);
         settle();
     }
 
@@ -86,7 +86,7 @@ class Bench {
     }
 
     double tap() {
-        const int at = row("switch");
+        const int at = row(RowKind::Switch);
         const auto before = value(at, "isChecked");
         const auto start = Clock::now();
         table().tap(at);
@@ -97,10 +97,10 @@ class Bench {
 
     void openApplications() {
         open();
-        table().choose(row("segment"), 1);
-        runUntil([this] { return value(row("link"), "title").toString().contains("Selected"); });
-        table().tap(row("link"));
-        row("application");
+        table().choose(row(RowKind::Segment), 1);
+        runUntil([this] { return value(row(RowKind::Link), "title").toString().contains("Selected"); });
+        table().tap(row(RowKind::Link));
+        row(RowKind::Application);
         settle();
     }
 

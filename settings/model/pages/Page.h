@@ -12,18 +12,18 @@
 
 namespace prismo::settings {
 
-/// One page of the stack for QML: its title, its bar button, the colours of its controls, its table.
+/// One page of the stack for QML: its title, bar button, control colors and table.
 class Page : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The stack makes them")
+    QML_UNCREATABLE("The stack creates pages")
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(bool hasRightButton READ hasRightButton NOTIFY changed)
-    /// "" where the button has no image that can be shown.
+    /// "" if the button has no image that can be shown.
     Q_PROPERTY(QString rightImage READ rightImage NOTIFY changed)
-    /// What stands for that image.
+    /// The text that replaces a missing image, and the accessible name.
     Q_PROPERTY(QString rightLabel READ rightLabel NOTIFY changed)
-    // An invalid colour stands for the window's own.
+    // An invalid color means the window's default.
     Q_PROPERTY(QColor tint READ tint NOTIFY changed)
     Q_PROPERTY(QColor segmentTint READ segmentTint NOTIFY changed)
     Q_PROPERTY(QColor switchTint READ switchTint NOTIFY changed)
@@ -42,7 +42,7 @@ class Page : public QObject {
     QColor switchTint() const;
     Table* table() { return &table_; }
 
-    /// A person taps the right button of the navigation bar.
+    /// The user taps the right button of the navigation bar.
     Q_INVOKABLE void tapRightButton();
 
   signals:

@@ -12,25 +12,25 @@ namespace prismo::settings {
 
 namespace {
 
-QString kindOf(const PSSpecifier& row, const UITableViewCell& cell) {
-    if (dynamic_cast<const SWLiteColorCell*>(&cell)) return "color";
+RowKind::Kind kindOf(const PSSpecifier& row, const UITableViewCell& cell) {
+    if (dynamic_cast<const SWLiteColorCell*>(&cell)) return RowKind::Color;
     switch (row.cellType()) {
     case PSCellType::group:
         break;
     case PSCellType::switchCell:
-        return "switch";
+        return RowKind::Switch;
     case PSCellType::segment:
-        return "segment";
+        return RowKind::Segment;
     case PSCellType::linkList:
-        return "linkList";
+        return RowKind::LinkList;
     case PSCellType::listItem:
-        return "choice";
+        return RowKind::Choice;
     case PSCellType::button:
-        return "button";
+        return RowKind::Button;
     case PSCellType::link:
-        return row.propertyForKey("height").isNothing() ? "link" : "tall";
+        return row.propertyForKey("height").isNothing() ? RowKind::Link : RowKind::Tall;
     }
-    return "link";
+    return RowKind::Link;
 }
 
 int selectedChoice(PSSpecifier& row) {
@@ -59,8 +59,8 @@ Row rowAt(PSListController& page, NSIndexPath path, std::size_t rowsInSection) {
     const auto fontSize = cell->textLabel().font().pointSize;
     if (fontSize != UIFont().pointSize) result.fontSize = fontSize;
     result.height = row->propertyForKey("height").doubleValue();
-    if (result.kind == "switch") result.isChecked = row->performGetter().boolValue();
-    if (result.kind == "segment") {
+    if (result.kind == RowKind::Switch) result.isChecked = row->performGetter().boolValue();
+    if (result.kind == RowKind::Segment) {
         result.selected = selectedChoice(*row);
         for (const auto& value : row->values())
             result.choices += QString::fromStdString(titleForValue(row->titleDictionary(), value));
@@ -70,7 +70,7 @@ Row rowAt(PSListController& page, NSIndexPath path, std::size_t rowsInSection) {
     return result;
 }
 
-/// As the platform counts: 0 left, 1 centred, 2 right.
+/// The platform's values: 0 left, 1 centered, 2 right.
 int alignmentOf(const PSSpecifier& group) {
     switch (group.propertyForKey("footerAlignment").intValue()) {
     case 1:
@@ -89,15 +89,15 @@ std::vector<Row> pageRows(PSListController& page) {
     auto& table = *page.table();
     for (std::size_t section = 0; section < page.numberOfSectionsInTableView(table); ++section) {
         const auto group = page.groupAtSection(section);
-        // A header without text keeps the groups apart all the same.
+        // A header without text still separates the groups.
         const auto header = page.tableViewTitleForHeaderInSection(table, section);
-        rows.emplace_back("header", QString::fromStdString(header), NSIndexPath{section, 0});
+        rows.emplace_back(RowKind::Header, QString::fromStdString(header), NSIndexPath{section, 0});
         const auto count = page.tableViewNumberOfRowsInSection(table, section);
         for (std::size_t row = 0; row < count; ++row)
             rows.push_back(rowAt(page, {section, row}, count));
         const auto footer = group ? group->propertyForKey("footerText").text() : "";
         if (footer.empty()) continue;
-        rows.emplace_back("footer", QString::fromStdString(footer), NSIndexPath{section, 0});
+        rows.emplace_back(RowKind::Footer, QString::fromStdString(footer), NSIndexPath{section, 0});
         rows.back().alignment = alignmentOf(*group);
     }
     return rows;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/model/pages/RowKind.h"
+
 #include "platform/preferences/PSListController.h"
 
 #include <QColor>
@@ -10,47 +12,45 @@
 
 namespace prismo::settings {
 
-/// One line of a page as it is to be drawn: a row, or a group's header or footer.
+/// One line of a page, ready to draw: a row, or a group's header or footer.
 struct Row {
     Row() = default;
-    Row(QString rowKind, QString rowTitle, NSIndexPath position)
-        : kind(std::move(rowKind)), title(std::move(rowTitle)), path(position) {}
+    Row(RowKind::Kind rowKind, QString rowTitle, NSIndexPath position)
+        : kind(rowKind), title(std::move(rowTitle)), path(position) {}
 
-    /// Which delegate draws it: "header", "footer", "switch", "segment", "link", "linkList", "choice",
-    /// "color", "button", "tall" or "application".
-    QString kind;
-    /// The row's identifier where it has one. With the kind it tells the same row of a rebuilt page.
+    RowKind::Kind kind = RowKind::Link;
+    /// The row's identifier, or "". Together with the kind it identifies the row when the page is rebuilt.
     QString identifier;
     QString title;
-    /// The short title of a link list's value.
+    /// A link list: the short title of its value.
     QString detail;
-    /// On or chosen; of a switch and a choice.
+    /// A switch that is on, or the selected choice.
     bool isChecked = false;
-    /// The chosen one of `choices`, -1 for none; of a segment.
+    /// A segment: the index of the selected choice, or -1.
     int selected = -1;
     QStringList choices;
     bool isEnabled = true;
     bool opensPage = false;
-    /// Of a colour row.
+    /// A color row.
     QColor swatch;
     QString image;
-    /// In points; 0 for the usual one.
+    /// In points; 0 means the default.
     double height = 0;
     double fontSize = 0;
-    /// Of a footer, a Qt::AlignmentFlag.
+    /// A footer: a Qt::AlignmentFlag.
     int alignment = Qt::AlignLeft;
-    /// Where it stands in its group's card.
+    /// The position in the group's card.
     bool isFirst = false;
     bool isLast = false;
-    /// Its position in the table; a header and footer have that of their section.
+    /// The position in the table. A header or footer has the section's first position.
     NSIndexPath path;
 
     bool operator==(const Row&) const = default;
     bool isSameRow(const Row& other) const { return kind == other.kind && identifier == other.identifier; }
-    bool isInteractive() const { return kind != "header" && kind != "footer"; }
+    bool isInteractive() const { return kind != RowKind::Header && kind != RowKind::Footer; }
 };
 
-/// All lines of a page, from its rows and their cells.
+/// Builds all lines of a page from its rows and their cells.
 std::vector<Row> pageRows(PSListController& page);
 
 } // namespace prismo::settings

@@ -5,7 +5,7 @@
 namespace prismo::settings {
 
 std::vector<RowEdit> rowEdits(const std::vector<Row>& before, const std::vector<Row>& after) {
-    // kept[i][j]: how many lines of the first i and the first j can be kept.
+    // kept[i][j]: the length of the longest common subsequence of the first i old and first j new lines.
     std::vector<std::vector<std::size_t>> kept(before.size() + 1, std::vector<std::size_t>(after.size() + 1));
     for (std::size_t i = 1; i <= before.size(); ++i)
         for (std::size_t j = 1; j <= after.size(); ++j)

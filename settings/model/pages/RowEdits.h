@@ -7,19 +7,19 @@
 
 namespace prismo::settings {
 
-/// Turns one page's lines into another's, from the last to the first, so that positions stay valid on the
-/// way.
+/// One step of turning a page's old lines into its new ones. Edits go from the last line to the first, so
+/// earlier positions stay valid.
 struct RowEdit {
     enum class Kind { insert, remove };
     Kind kind;
-    /// In the old lines: what is removed, or before what the new ones are inserted.
+    /// In the old lines: the first removed line, or the line before which lines are inserted.
     std::size_t at;
     std::size_t count;
-    /// In the new lines; of an insertion.
+    /// In the new lines: the first line to insert.
     std::size_t from;
 };
 
-/// The edits that keep as many lines as can be kept in order.
+/// Returns the edits that keep as many lines as possible, in order.
 std::vector<RowEdit> rowEdits(const std::vector<Row>& before, const std::vector<Row>& after);
 
 } // namespace prismo::settings

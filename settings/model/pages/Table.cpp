@@ -86,7 +86,7 @@ Table::Table(const std::shared_ptr<UIViewController>& page, Taps& taps)
 }
 
 Table::~Table() {
-    // The page may outlive its time on the screen, and its cells with their pictures need not.
+    // The page may outlive this object, but its cells and their images are no longer needed.
     tableChanges_.followNothing();
     if (table_) table_->reloadData();
 }
@@ -135,7 +135,7 @@ void Table::act(const char* from, int row, std::function<void(NSIndexPath)> act)
     if (row < 0 || row >= rowCount()) return;
     const auto tapped = rows_[static_cast<std::size_t>(row)];
     if (!tapped.isInteractive() || !tapped.isEnabled) return;
-    // The page stays, whatever the act does to the stack; this object may go.
+    // Keeps the page alive whatever the action does to the stack. This object may be destroyed.
     taps_.add(from, [self = QPointer<Table>(this), page = page_, tapped, act = std::move(act)] {
         if (!self) return;
         const auto cell = self->table_->cellForRowAtIndexPath(tapped.path);
@@ -153,8 +153,8 @@ int Table::interactiveRow(int row, int step) const {
 }
 
 int Table::startRow() const {
-    const auto chosen =
-        std::ranges::find_if(rows_, [](const Row& line) { return line.kind == "choice" && line.isChecked; });
+    const auto chosen = std::ranges::find_if(
+        rows_, [](const Row& line) { return line.kind == RowKind::Choice && line.isChecked; });
     return interactiveRow(chosen == rows_.end() ? 0 : static_cast<int>(chosen - rows_.begin()), 1);
 }
 
@@ -203,7 +203,7 @@ void Table::lookAtApplications() {
     if (!source) return;
     const auto applications = std::dynamic_pointer_cast<ALApplicationTableDataSource>(source);
     const auto nameAt = [&](NSIndexPath path) {
-        // Without asking for the cell, which reads the icon.
+        // Avoids creating the cell, which would read the icon.
         if (applications)
             return QString::fromStdString(
                 applications->sections()[path.section].applications[path.row].displayName);
@@ -215,7 +215,7 @@ void Table::lookAtApplications() {
     letters_.clear();
     for (std::size_t section = 0; section < source->numberOfSectionsInTableView(*table_); ++section) {
         const auto title = source->tableViewTitleForHeaderInSection(*table_, section);
-        rows_.emplace_back("header", QString::fromStdString(title), NSIndexPath{section, 0});
+        rows_.emplace_back(RowKind::Header, QString::fromStdString(title), NSIndexPath{section, 0});
         const auto count = source->tableViewNumberOfRowsInSection(*table_, section);
         QString initial;
         for (std::size_t i = 0; i < count; ++i) {
@@ -224,7 +224,7 @@ void Table::lookAtApplications() {
                 initial = initialOf(name);
                 letters_.append(QVariantMap{{"label", initial}, {"row", rowCount()}});
             }
-            auto& row = rows_.emplace_back("application", name, NSIndexPath{section, i});
+            auto& row = rows_.emplace_back(RowKind::Application, name, NSIndexPath{section, i});
             row.isFirst = i == 0;
             row.isLast = i + 1 == count;
         }

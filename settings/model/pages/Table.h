@@ -12,18 +12,18 @@ namespace prismo::settings {
 
 class Taps;
 
-/// The lines of one page's table. Rows that stay keep their place when the page is built anew, so that focus,
-/// scrolling and a control's animation go on; the cells of a long table that is no settings list are asked
-/// for as they come into view.
+/// The lines of one page's table. When the page is rebuilt, unchanged rows keep their delegates, so focus,
+/// scroll position and running animations survive. A table that is not a settings list may be long: its cells
+/// are created only when they come into view.
 class Table : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("A page has one")
+    QML_UNCREATABLE("Pages create their table")
     Q_PROPERTY(bool isSettingsList READ isSettingsList CONSTANT)
     Q_PROPERTY(QVariantList letters READ letters NOTIFY lettersChanged)
 
   public:
-    /// `page` may have another view than a table, and then there are no lines.
+    /// If the page's view is not a table, there are no lines.
     Table(const std::shared_ptr<UIViewController>& page, Taps& taps);
     ~Table() override;
 
@@ -31,27 +31,27 @@ class Table : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// What is none may have thousands of rows.
+    /// Any other table may have thousands of rows.
     bool isSettingsList() const { return list_ != nullptr; }
-    /// Where each initial letter begins in a table that is no settings list: {label, row}, in the table's
-    /// order.
+    /// The first row of each initial letter, as {label, row} in table order. Empty for a settings list.
     QVariantList letters() const { return letters_; }
 
-    /// A person taps the row: a switch changes, everything else is selected.
+    /// The user taps the row: a switch changes, any other row is selected.
     Q_INVOKABLE void tap(int row);
-    /// A person chooses that part of a segment.
+    /// The user selects a part of a segment.
     Q_INVOKABLE void choose(int row, int choice);
-    /// The nearest row from `row` on in that direction that takes taps or focus, or -1.
+    /// The nearest row at or after `row`, in the direction of `step`, that takes taps or focus; or -1.
     Q_INVOKABLE int interactiveRow(int row, int step) const;
-    /// Where a person begins: at what is chosen, or the first row that takes taps or focus; or -1.
+    /// The row that gets the focus first: the selected choice, else the first row that takes taps or focus;
+    /// or -1.
     Q_INVOKABLE int startRow() const;
 
   signals:
     void lettersChanged();
 
   private:
-    /// Does `act` with the row that stands there when its turn has come, where that is still the tapped one
-    /// and enabled.
+    /// Queues `act`. It runs only if the row at that position is then still the tapped one and enabled. `from`
+    /// names the caller, for the trace.
     void act(const char* from, int row, std::function<void(NSIndexPath)> act);
     void look();
     void lookAtList();

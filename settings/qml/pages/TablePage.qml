@@ -4,7 +4,7 @@ import QtQuick
 import Qt.labs.qmlmodels
 import Prismo.Settings
 
-// The table of a page: one delegate for each kind of row.
+// The table of a page, with one delegate for each kind of row.
 Item {
     id: root
 
@@ -17,7 +17,7 @@ Item {
             return;
         list.currentIndex = row;
         list.positionViewAtIndex(row, ListView.Contain);
-        // What stands before the first row and after the last one is to be seen with them.
+        // Also show what comes before the first row and after the last one.
         if (row === root.firstRow())
             list.positionViewAtBeginning();
         else if (row === root.lastRow())
@@ -32,7 +32,7 @@ Item {
         return root.table.interactiveRow(list.count - 1, -1);
     }
 
-    // The line at that height of what is in view, -1 for none.
+    // The line at that height in the view, or -1.
     function lineAt(y: real): int {
         return list.indexAt(list.width / 2, list.contentY + y);
     }
@@ -42,12 +42,12 @@ Item {
         return row >= 0 && row >= root.lineAt(0) && (last < 0 || row <= last);
     }
 
-    // Where the person is: at the current row, or where that is out of sight, at the first line in view.
+    // The user's position: the current row or, if that is out of view, the first line in view.
     function place(): int {
         return root.isInView(list.currentIndex) ? list.currentIndex : Math.max(0, root.lineAt(0));
     }
 
-    // What is tapped, by whatever means, is where the keyboard goes on.
+    // The keyboard continues from the tapped row.
     function makeCurrent(row: int) {
         list.currentIndex = row;
         list.forceActiveFocus();
@@ -74,7 +74,7 @@ Item {
         const bottom = list.originY + list.contentHeight + list.bottomMargin - list.height;
         list.contentY = Math.max(list.originY, Math.min(list.contentY + way, bottom));
         list.forceLayout();
-        // None is beyond the first and the last line.
+        // There is no line before the first one or after the last one.
         const at = root.lineAt(from + way - list.contentY);
         const onward = at < 0 ? -1 : root.table.interactiveRow(at, direction);
         root.step(event, onward >= 0 ? onward : direction > 0 ? root.lastRow() : root.firstRow());
@@ -94,7 +94,7 @@ Item {
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 2500
         maximumFlickVelocity: 6000
-        // All rows of a settings list are there at any time, also for a screen reader.
+        // Keeps all rows of a settings list alive, so that a screen reader can reach them.
         cacheBuffer: root.table.isSettingsList ? 10000 : 600
         bottomMargin: 28
         clip: false
@@ -105,7 +105,7 @@ Item {
         onActiveFocusChanged: {
             if (!activeFocus)
                 return;
-            // Tab comes to the rows of a settings list from the one end or the other.
+            // Tab enters a settings list at its first row, Shift+Tab at its last.
             if (root.table.isSettingsList && KeyboardUse.key === Qt.Key_Tab)
                 root.select(root.firstRow());
             else if (root.table.isSettingsList && KeyboardUse.key === Qt.Key_Backtab)
@@ -116,7 +116,7 @@ Item {
 
         Keys.onPressed: event => {
             const from = list.currentIndex;
-            // Tab goes from row to row of a settings list, and out of a table that may hold thousands.
+            // Tab moves from row to row in a settings list, but leaves a table that may have thousands of rows.
             if (!root.table.isSettingsList && (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab))
                 return;
             switch (event.key) {
@@ -141,67 +141,67 @@ Item {
             role: "kind"
 
             DelegateChoice {
-                roleValue: "header"
+                roleValue: RowKind.Header
                 GroupHeader {}
             }
             DelegateChoice {
-                roleValue: "footer"
+                roleValue: RowKind.Footer
                 GroupFooter {}
             }
             DelegateChoice {
-                roleValue: "switch"
+                roleValue: RowKind.Switch
                 SwitchRow {
                     litColor: root.page.switchTint.valid ? root.page.switchTint : Theme.switchOn
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "segment"
+                roleValue: RowKind.Segment
                 SegmentRow {
                     thumbColor: root.page.segmentTint.valid ? root.page.segmentTint : Theme.segmentThumb
                     onChosen: (line, choice) => root.choose(line, choice)
                 }
             }
             DelegateChoice {
-                roleValue: "link"
+                roleValue: RowKind.Link
                 LinkRow {
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "linkList"
+                roleValue: RowKind.LinkList
                 LinkRow {
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "tall"
+                roleValue: RowKind.Tall
                 TallRow {
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "choice"
+                roleValue: RowKind.Choice
                 ChoiceRow {
                     tint: root.tint
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "color"
+                roleValue: RowKind.Color
                 ColorRow {
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "button"
+                roleValue: RowKind.Button
                 ButtonRow {
                     tint: root.tint
                     onActivated: line => root.tap(line)
                 }
             }
             DelegateChoice {
-                roleValue: "application"
+                roleValue: RowKind.Application
                 ApplicationRow {
                     onActivated: line => root.tap(line)
                 }

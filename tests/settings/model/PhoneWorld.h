@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <QAbstractItemModel>
 #include <QCoreApplication>
 #include <QString>
@@ -14,8 +15,8 @@
 
 namespace prismo::settings {
 
-/// The phone's screen on a device in memory with the bundle and an application "Example". Time is the
-/// device's: what happens in the window happens when its events are handled, which `settle` does.
+/// The phone's screen on a device in memory, with the bundle and an application "Example". Time is virtual;
+/// `settle` handles the window's events.
 struct PhoneWorld : World {
     PhoneWorld() { phone.open(firstPage()); }
 
@@ -26,7 +27,7 @@ struct PhoneWorld : World {
             [this](const std::string& why) { phone.notices()->add("Cannot Be Opened", why.c_str()); });
     }
 
-    /// Handles what is under way, on the device and in the window.
+    /// Handles pending events on the device and in the window.
     void settle() {
         constexpr int turns = 4;
         for (int i = 0; i < turns; ++i) {
@@ -34,7 +35,7 @@ struct PhoneWorld : World {
             runFor(0);
         }
     }
-    /// Lets the time pass that a page takes to settle after a change.
+    /// Waits until a page has settled after a change.
     void settlePage() {
         settle();
         runFor(0.05);
@@ -47,10 +48,11 @@ struct PhoneWorld : World {
     static QVariant roleOf(const QAbstractItemModel& model, int row, const char* name) {
         return model.data(model.index(row, 0), model.roleNames().key(name));
     }
-    /// The position of the first line of that title and kind; the test fails where there is none.
-    int row(const QString& title, const QString& kind = {}) {
+    /// The position of the first line with that title and, if given, that kind. Fails the test if there is
+    /// no such line.
+    int row(const QString& title, std::optional<RowKind::Kind> kind = {}) {
         for (int i = 0; i < table().rowCount(); ++i)
-            if (role(i, "title") == title && (kind.isEmpty() || role(i, "kind") == kind)) return i;
+            if (role(i, "title") == title && (!kind || role(i, "kind") == *kind)) return i;
         throw std::logic_error("no line '" + title.toStdString() + "'");
     }
     void tap(const QString& title) {

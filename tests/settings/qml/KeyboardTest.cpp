@@ -1,4 +1,4 @@
-// The pages worked with the keyboard: steps in a table, and from one control to the next.
+// Keyboard use: moving within a table, and from one control to the next.
 
 #include "tests/settings/qml/WindowWorld.h"
 
@@ -8,11 +8,11 @@ namespace {
 struct KeyboardTest : WindowWorld {
     QQuickItem& list() { return *tableIn(*window().contentItem()); }
     int current() { return list().property("currentIndex").toInt(); }
-    bool isCurrent(const QString& title, const QString& kind = {}) {
+    bool isCurrent(const QString& title, std::optional<RowKind::Kind> kind = {}) {
         auto* const item = line(row(title, kind));
         return item && item->hasActiveFocus();
     }
-    /// Is the whole line within the page?
+    /// True if the whole line is in view.
     bool isInView(int row) {
         auto* const item = line(row);
         if (!item) return false;
@@ -25,7 +25,7 @@ struct KeyboardTest : WindowWorld {
     }
 };
 
-TEST_F(KeyboardTest, PageIsTurnedAndTurnedBack) {
+TEST_F(KeyboardTest, PageUpUndoesPageDown) {
     openModuleByHand();
     press(Qt::Key_Home);
     const int first = current();
@@ -36,10 +36,10 @@ TEST_F(KeyboardTest, PageIsTurnedAndTurnedBack) {
     EXPECT_EQ(current(), first);
 }
 
-TEST_F(KeyboardTest, EndShowsWhatStandsBelowTheLastRow) {
+TEST_F(KeyboardTest, EndShowsTheFooterBelowTheLastRow) {
     openModuleByHand();
     const int last = table().rowCount() - 1;
-    ASSERT_EQ(role(last, "kind"), "footer");
+    ASSERT_EQ(role(last, "kind"), RowKind::Footer);
     press(Qt::Key_End);
     EXPECT_TRUE(isInView(last));
     press(Qt::Key_Home);
@@ -49,7 +49,7 @@ TEST_F(KeyboardTest, EndShowsWhatStandsBelowTheLastRow) {
     EXPECT_TRUE(isInView(last));
 }
 
-TEST_F(KeyboardTest, ClickedRowIsWhereOneGoesOnAfterwards) {
+TEST_F(KeyboardTest, ClickedRowHasTheFocusAfterGoingBack) {
     openModuleByHand();
     press(Qt::Key_End);
     const int clicked = row("Folder Enabled");
@@ -61,15 +61,15 @@ TEST_F(KeyboardTest, ClickedRowIsWhereOneGoesOnAfterwards) {
     EXPECT_TRUE(isCurrent("Folder Enabled"));
 }
 
-TEST_F(KeyboardTest, ChooserStartsAtWhatIsChosen) {
+TEST_F(KeyboardTest, ChooserFocusesTheSelectedChoice) {
     store({{"keyboard_color_type", 2}});
     openModuleByHand();
     click("Keyboard Enabled");
     ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
-    EXPECT_TRUE(isCurrent("Custom", "choice"));
+    EXPECT_TRUE(isCurrent("Custom", RowKind::Choice));
 }
 
-TEST_F(KeyboardTest, TabGoesFromTheLastRowByTheBarToTheFirst) {
+TEST_F(KeyboardTest, TabGoesFromTheLastRowThroughTheBarToTheFirst) {
     openModuleByHand();
     press(Qt::Key_Home);
     const int first = current();
@@ -93,7 +93,7 @@ TEST_F(KeyboardTest, TabGoesFromTheLastRowByTheBarToTheFirst) {
     EXPECT_EQ(current(), last);
 }
 
-/// The list of a great many applications.
+/// A list of many applications.
 struct LongTableTest : KeyboardTest {
     static constexpr int count = 2000;
 
@@ -104,7 +104,7 @@ struct LongTableTest : KeyboardTest {
                                            static_cast<char>('A' + i * 26 / count) + std::to_string(i)));
         device.setApplications(applications);
         openModuleByHand();
-        table().choose(row("Scope", "segment"), 1);
+        table().choose(row("Scope", RowKind::Segment), 1);
         settlePage();
         tap("No App Selected");
         EXPECT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
@@ -123,7 +123,7 @@ struct LongTableTest : KeyboardTest {
     bool isFocusedStrip() { return window().activeFocusItem() == &strip(); }
 };
 
-TEST_F(LongTableTest, PageDownGoesOnByAPage) {
+TEST_F(LongTableTest, PageDownMovesByOnePage) {
     const int first = current();
     press(Qt::Key_PageDown);
     EXPECT_GT(current(), first + 5);
@@ -164,7 +164,7 @@ TEST_F(LongTableTest, TabLeavesTheListForItsIndex) {
     EXPECT_EQ(current(), left);
 }
 
-TEST_F(LongTableTest, IndexGoesOnFromWhatIsInView) {
+TEST_F(LongTableTest, IndexStartsFromTheLetterInView) {
     press(Qt::Key_End);
     press(Qt::Key_Tab);
     ASSERT_TRUE(isFocusedStrip());

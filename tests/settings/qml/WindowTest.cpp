@@ -1,4 +1,4 @@
-// The window as a person uses it, with the pointer and the keyboard.
+// The window, used with the pointer and the keyboard.
 
 #include "tests/settings/qml/WindowWorld.h"
 
@@ -16,7 +16,7 @@ struct WindowTest : WindowWorld {
     QColor pixel(const QQuickItem& item, double x, double y) {
         return window().grabWindow().pixelColor(item.mapToScene({x, y}).toPoint());
     }
-    /// How high the ink stands in the left part of a line, where its title begins.
+    /// The height of the dark pixels in the left part of a line, where its title begins.
     int inkHeight(const QString& title) {
         const auto picture = window().grabWindow();
         const auto& item = *line(row(title));
@@ -40,7 +40,7 @@ TEST_F(WindowTest, ClickOpensThePageAndEscapeGoesBack) {
     EXPECT_TRUE(waitFor([&] { return phone.pages()->depth() == 1 && isStill(); }));
 }
 
-TEST_F(WindowTest, BackButtonOfTheMouseGoesBack) {
+TEST_F(WindowTest, MouseBackButtonGoesBack) {
     openModuleByHand();
     QTest::mouseClick(&window(), Qt::BackButton, {}, {200, 400});
     EXPECT_TRUE(waitFor([&] { return phone.pages()->depth() == 1; }));
@@ -55,7 +55,7 @@ TEST_F(WindowTest, SwipeFromTheEdgeGoesBack) {
     EXPECT_TRUE(waitFor([&] { return phone.pages()->depth() == 1 && isStill(); }));
 }
 
-TEST_F(WindowTest, ShortSwipeStays) {
+TEST_F(WindowTest, ShortSwipeKeepsThePage) {
     openModuleByHand();
     QTest::mousePress(&window(), Qt::LeftButton, {}, {6, 400});
     for (int x = 6; x <= 40; ++x)
@@ -65,7 +65,7 @@ TEST_F(WindowTest, ShortSwipeStays) {
     EXPECT_EQ(phone.pages()->depth(), 2);
 }
 
-TEST_F(WindowTest, ClickChangesASwitch) {
+TEST_F(WindowTest, ClickTogglesASwitch) {
     openModuleByHand();
     click("Prismo Enabled");
     EXPECT_TRUE(waitFor([&] { return !storedEnabled(); }));
@@ -78,22 +78,22 @@ TEST_F(WindowTest, ClickOnADisabledRowDoesNothing) {
     EXPECT_EQ(phone.overlays()->depth(), 0);
 }
 
-TEST_F(WindowTest, PageIsWorkedWithTheKeyboardAlone) {
+TEST_F(WindowTest, KeyboardAloneWorksThePage) {
     EXPECT_TRUE(line(row("Prismo 2"))->hasActiveFocus());
     press(Qt::Key_Return);
     ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 2 && isStill(); }));
-    EXPECT_TRUE(line(row("Scope", "segment"))->hasActiveFocus());
+    EXPECT_TRUE(line(row("Scope", RowKind::Segment))->hasActiveFocus());
     press(Qt::Key_Right);
-    EXPECT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == 1; }));
+    EXPECT_TRUE(waitFor([&] { return role(row("Scope", RowKind::Segment), "selected") == 1; }));
     press(Qt::Key_Left);
-    EXPECT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == 0; }));
+    EXPECT_TRUE(waitFor([&] { return role(row("Scope", RowKind::Segment), "selected") == 0; }));
     press(Qt::Key_Down);
     EXPECT_TRUE(line(row("Prismo Enabled"))->hasActiveFocus());
     press(Qt::Key_Space);
     EXPECT_TRUE(waitFor([&] { return !storedEnabled(); }));
 }
 
-TEST_F(WindowTest, TabReachesTheButtonsOfTheBar) {
+TEST_F(WindowTest, TabReachesTheBarButtons) {
     openModuleByHand();
     std::vector<std::string> reached;
     for (int i = 0; i < 60; ++i) {
@@ -105,7 +105,7 @@ TEST_F(WindowTest, TabReachesTheButtonsOfTheBar) {
     EXPECT_TRUE(std::ranges::count(reached, "rightButton") > 0);
 }
 
-TEST_F(WindowTest, FocusIsSeenWhileTheKeyboardIsUsed) {
+TEST_F(WindowTest, FocusRingShowsWhileTheKeyboardIsUsed) {
     openModuleByHand();
     press(Qt::Key_Down);
     const auto* const focused = line(row("Prismo Enabled"));
@@ -115,7 +115,7 @@ TEST_F(WindowTest, FocusIsSeenWhileTheKeyboardIsUsed) {
     EXPECT_NE(ring, pixel(*focused, 16, focused->height() / 2));
 }
 
-TEST_F(WindowTest, FocusIsSeenOnAllSidesOfARow) {
+TEST_F(WindowTest, FocusRingSurroundsTheRow) {
     openModuleByHand();
     press(Qt::Key_End);
     press(Qt::Key_Up);
@@ -128,7 +128,7 @@ TEST_F(WindowTest, FocusIsSeenOnAllSidesOfARow) {
     EXPECT_EQ(pixel(*focused, focused->width() - 18, focused->height() / 2), ring);
 }
 
-TEST_F(WindowTest, LinesStandOnWholePixels) {
+TEST_F(WindowTest, LinesAlignToWholePixels) {
     openModuleByHand();
     for (int i = 0; i < table().rowCount(); ++i) {
         EXPECT_EQ(line(i)->y(), std::round(line(i)->y())) << i;
@@ -136,7 +136,7 @@ TEST_F(WindowTest, LinesStandOnWholePixels) {
     }
 }
 
-TEST_F(WindowTest, TitleIsDrawnInTheSizeThatItsCellTells) {
+TEST_F(WindowTest, TitleHasTheFontSizeOfItsCell) {
     openModuleByHand();
     EXPECT_LE(inkHeight("Prismo Enabled"), 15);
     auto& root = dynamic_cast<Prismo2PrefsListController&>(*top().controller());
@@ -146,14 +146,14 @@ TEST_F(WindowTest, TitleIsDrawnInTheSizeThatItsCellTells) {
     EXPECT_GE(inkHeight("No App Selected"), 17);
 }
 
-TEST_F(WindowTest, SwatchIsDrawnInTheStoredColor) {
+TEST_F(WindowTest, SwatchHasTheStoredColor) {
     store({{"global_color", "#3366ff:1.000000"}});
     openModuleByHand();
     const auto* const color = line(row("Global Color"));
     EXPECT_EQ(pixel(*color, color->width() - 46, color->height() / 2), QColor("#3366ff"));
 }
 
-TEST_F(WindowTest, ColorIsPickedByItsText) {
+TEST_F(WindowTest, ColorIsPickedByHexText) {
     openModuleByHand();
     click("Global Color");
     ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
@@ -170,7 +170,7 @@ TEST_F(WindowTest, ColorIsPickedByItsText) {
     EXPECT_FALSE(stored());
 }
 
-TEST_F(WindowTest, SizeOfTheWindowIsThatOfTheScreen) {
+TEST_F(WindowTest, ScreenHasTheSizeOfTheWindow) {
     window().resize(700, 500);
     EXPECT_TRUE(waitFor([&] { return UIScreen::mainScreen()->bounds() == CGRect{{0, 0}, {700, 500}}; }));
 }

@@ -22,7 +22,7 @@ struct WindowWorld : PhoneWorld {
     }
 
     QQuickWindow& window() { return dynamic_cast<QQuickWindow&>(*engine.rootObjects().first()); }
-    /// Handles events, on the device and in the window, until it is so.
+    /// Handles events on the device and in the window until the condition is true.
     bool waitFor(const std::function<bool()>& isSo) {
         return QTest::qWaitFor([&] {
             runFor(0.001);
@@ -33,14 +33,14 @@ struct WindowWorld : PhoneWorld {
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(&window(), key, modifiers);
     }
-    /// Clicks the line of that title on the page on top, at its middle.
-    void click(const QString& title, const QString& kind = {}) {
+    /// Clicks the middle of the line with that title on the top page.
+    void click(const QString& title, std::optional<RowKind::Kind> kind = {}) {
         auto* const item = line(row(title, kind));
         ASSERT_TRUE(item);
         QTest::mouseClick(&window(), Qt::LeftButton, {},
                           item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
     }
-    /// The delegate that draws a line of the page on top; null where it is not on screen.
+    /// The delegate of a line on the top page; null if it has none.
     QQuickItem* line(int row) {
         auto* const list = tableIn(*window().contentItem());
         QQuickItem* found = nullptr;
@@ -48,7 +48,7 @@ struct WindowWorld : PhoneWorld {
             QMetaObject::invokeMethod(list, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, found), Q_ARG(int, row));
         return found;
     }
-    /// The list that draws the page on top.
+    /// The list of the top page.
     QQuickItem* tableIn(const QQuickItem& parent) {
         for (auto* item : parent.childItems()) {
             const bool isTable = item->objectName() == "table";
@@ -57,7 +57,7 @@ struct WindowWorld : PhoneWorld {
         }
         return nullptr;
     }
-    /// Is the page on top alone on screen?
+    /// True once the top page is the only visible one.
     bool isStill() {
         const auto* const first = line(1);
         return first && visibleTables(*window().contentItem()) == 1;

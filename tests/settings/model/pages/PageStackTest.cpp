@@ -15,7 +15,7 @@ struct PageStackTest : PhoneWorld {
     }
 };
 
-TEST_F(PageStackTest, BackLeavesAPageThatIsDrawnUntilItIsOut) {
+TEST_F(PageStackTest, LeavingPageStaysUntilItIsRemoved) {
     auto* const left = phone.pages()->top();
     phone.back();
     settle();
@@ -26,7 +26,7 @@ TEST_F(PageStackTest, BackLeavesAPageThatIsDrawnUntilItIsOut) {
     EXPECT_EQ(phone.pages()->rowCount(), 1);
 }
 
-TEST_F(PageStackTest, FirstPageStays) {
+TEST_F(PageStackTest, BackKeepsTheFirstPage) {
     phone.back();
     phone.back();
     phone.back();
@@ -34,12 +34,12 @@ TEST_F(PageStackTest, FirstPageStays) {
     EXPECT_EQ(phone.pages()->depth(), 1);
 }
 
-TEST_F(PageStackTest, PageThatStaysCannotBeRemoved) {
+TEST_F(PageStackTest, OnlyALeavingPageCanBeRemoved) {
     phone.pages()->remove(phone.pages()->top());
     EXPECT_EQ(phone.pages()->rowCount(), 2);
 }
 
-TEST_F(PageStackTest, BarHasTheTintThatTheKitSets) {
+TEST_F(PageStackTest, BarHasTheTintSetByTheKit) {
     FBSetPrefsTint(module(), UIColor{1, 0, 0, 1});
     settle();
     EXPECT_EQ(phone.property("tint").value<QColor>(), QColor("#ff0000"));
@@ -48,7 +48,7 @@ TEST_F(PageStackTest, BarHasTheTintThatTheKitSets) {
     EXPECT_EQ(top().property("tint").value<QColor>(), QColor("#ff0000"));
 }
 
-TEST_F(PageStackTest, BarWithoutATintHasTheWindowsOwn) {
+TEST_F(PageStackTest, ResetTintIsTheDefaultAgain) {
     FBSetPrefsTint(module(), UIColor{1, 0, 0, 1});
     settle();
     ASSERT_TRUE(phone.property("tint").value<QColor>().isValid());
@@ -58,9 +58,9 @@ TEST_F(PageStackTest, BarWithoutATintHasTheWindowsOwn) {
     EXPECT_FALSE(top().property("tint").value<QColor>().isValid());
 }
 
-TEST_F(PageStackTest, RightButtonIsNamed) { EXPECT_EQ(top().property("rightLabel"), "Share"); }
+TEST_F(PageStackTest, RightButtonHasALabel) { EXPECT_EQ(top().property("rightLabel"), "Share"); }
 
-TEST_F(PageStackTest, PageThatWasLeftShowsNoBanner) {
+TEST_F(PageStackTest, ClosedPagesShowNoBanner) {
     phone.back();
     settlePage();
     tap("Prismo 2");
@@ -72,7 +72,7 @@ TEST_F(PageStackTest, PageThatWasLeftShowsNoBanner) {
     EXPECT_EQ(phone.banners().size(), 1);
 }
 
-TEST_F(PageStackTest, OpenChooserShowsAChangeThatCameFromOutside) {
+TEST_F(PageStackTest, OpenChooserShowsAChangeFromOutside) {
     tap("Keyboard Enabled");
     ASSERT_EQ(phone.pages()->depth(), 3);
     EXPECT_TRUE(role(row("Global"), "isChecked").toBool());
@@ -83,7 +83,7 @@ TEST_F(PageStackTest, OpenChooserShowsAChangeThatCameFromOutside) {
     EXPECT_TRUE(role(row("Custom"), "isChecked").toBool());
 }
 
-TEST_F(PageStackTest, RightButtonOpensTheSheet) {
+TEST_F(PageStackTest, RightButtonOpensTheComposeSheet) {
     EXPECT_EQ(top().property("hasRightButton"), true);
     top().tapRightButton();
     settle();

@@ -6,14 +6,15 @@
 namespace prismo::settings {
 namespace {
 
-std::vector<Row> rows(const std::string& kinds) {
+/// A row for each letter, which is its identifier.
+std::vector<Row> rows(const std::string& letters) {
     std::vector<Row> result;
-    for (const char kind : kinds)
-        result.emplace_back(QString(kind), "", NSIndexPath{});
+    for (const char letter : letters)
+        result.emplace_back().identifier = QChar(letter);
     return result;
 }
 
-/// What becomes of `before` when the edits are done, one after the other.
+/// Applies the edits to `before`, one after the other.
 std::string edited(const std::string& before, const std::string& after) {
     std::string result = before;
     for (const auto& edit : rowEdits(rows(before), rows(after)))
@@ -24,15 +25,15 @@ std::string edited(const std::string& before, const std::string& after) {
     return result;
 }
 
-TEST(RowEditsTest, TurnOneListIntoTheOther) {
+TEST(RowEditsTest, EditsTurnOneListIntoTheOther) {
     for (const auto* before : {"", "a", "abc", "hshlcf", "aaaa"})
         for (const auto* after : {"", "a", "cba", "hshhlcff", "aa", "xaaay"})
             EXPECT_EQ(edited(before, after), after) << before;
 }
 
-TEST(RowEditsTest, SameRowsNeedNone) { EXPECT_TRUE(rowEdits(rows("abcabc"), rows("abcabc")).empty()); }
+TEST(RowEditsTest, EqualListsNeedNoEdits) { EXPECT_TRUE(rowEdits(rows("abcabc"), rows("abcabc")).empty()); }
 
-TEST(RowEditsTest, RowsInTheMiddleAreOneEdit) {
+TEST(RowEditsTest, AdjacentInsertionsAreOneEdit) {
     const auto edits = rowEdits(rows("abz"), rows("abcdez"));
     ASSERT_EQ(edits.size(), 1U);
     EXPECT_EQ(edits[0].at, 2U);
@@ -40,12 +41,14 @@ TEST(RowEditsTest, RowsInTheMiddleAreOneEdit) {
     EXPECT_EQ(edits[0].count, 3U);
 }
 
-TEST(RowEditsTest, RowIsTheSameByKindAndIdentifier) {
-    auto before = rows("s");
-    auto after = rows("s");
+TEST(RowEditsTest, KindAndIdentifierIdentifyARow) {
+    const auto before = rows("s");
+    auto after = before;
     after[0].title = "another title";
     EXPECT_TRUE(rowEdits(before, after).empty());
-    after[0].identifier = "another";
+    after[0].kind = RowKind::Switch;
+    EXPECT_EQ(rowEdits(before, after).size(), 2U);
+    after = rows("t");
     EXPECT_EQ(rowEdits(before, after).size(), 2U);
 }
 
