@@ -1,3 +1,3 @@
-// What moc includes before each header that it reads: it does not understand the concepts of the standard
-// library, which are left out for older languages.
+// moc includes this before each header. It cannot parse the standard library's concepts, which the library
+// leaves out for older language versions.
 #undef __cplusplus

@@ -33,8 +33,8 @@ std::shared_ptr<PSSpecifierList> BundleListController::specifiers() {
                             : "The device at " + rootPath_;
     specifiers_->push_back(PSSpecifier::groupSpecifierWithHeader("", footer));
     for (const auto& entry : entries_) {
-        // The page's class is known when the bundle has been loaded; until then, any class has the row marked
-        // as one that opens a page.
+        // The page's class is known only once the bundle is loaded. Until then any class marks the row as one
+        // that opens a page.
         auto row = PSSpecifier::preferenceSpecifierNamed(entry.label, sharedSelf<BundleListController>(), "",
                                                          "", &PSViewController::classObject(),
                                                          PSCellType::link, nullptr);

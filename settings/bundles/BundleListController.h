@@ -20,7 +20,7 @@ class BundleListController : public PSListController {
 
     /// Loads a bundle and returns its principal class.
     using Load = std::function<Result<const Class*>(const std::string& bundle)>;
-    /// Is told why a bundle did not open.
+    /// Receives the reason why a bundle did not open.
     using Complain = std::function<void(const std::string& why)>;
     static std::shared_ptr<BundleListController>
     initWithEntries(std::vector<PreferenceEntry> entries, std::string rootPath, Load load, Complain complain);

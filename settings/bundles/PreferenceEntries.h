@@ -16,14 +16,14 @@ struct PreferenceEntry {
     std::string bundle;
     /// The image's path on the device, or "".
     std::string iconPath;
-    /// Its code is in the base layer; code comes from nowhere else.
+    /// True if its code is in the base layer, the only place that code is loaded from.
     bool isLoadable = false;
 
     bool operator==(const PreferenceEntry&) const = default;
 };
 
-/// The entries of the device root's and the base layer's "/Library/PreferenceLoader/Preferences", by label.
-/// Where both have a file of one name, the device root's counts.
+/// The entries in "/Library/PreferenceLoader/Preferences" of the device root and the base layer, sorted by
+/// label. If both have a file with the same name, the device root's wins.
 std::vector<PreferenceEntry> findPreferenceEntries(LinuxDevice& device);
 
 } // namespace prismo::settings

@@ -14,7 +14,7 @@ inline QColor toQColor(const UIColor& color) {
                             component(color.alpha));
 }
 
-/// An invalid colour stands for the window's own.
+/// A missing color becomes an invalid one, which means the window's default.
 inline QColor toQColor(const std::optional<UIColor>& color) { return color ? toQColor(*color) : QColor(); }
 
 } // namespace prismo::settings

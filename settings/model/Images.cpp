@@ -23,7 +23,7 @@ Known& known() {
 }
 
 QImage decode(const UIImage& image, QSize requested) {
-    // An icon is small; what claims to be larger is there to hurt.
+    // Icons are small. A larger image may be an attack.
     constexpr int largestSide = 4096;
     QByteArray bytes(reinterpret_cast<const char*>(image.data().data()),
                      static_cast<qsizetype>(image.data().size()));
@@ -69,7 +69,7 @@ QString Images::address(const std::shared_ptr<UIImage>& image) {
     const auto key = QString::number(std::hash<std::string_view>{}(bytes), 16);
     auto& [mutex, images] = known();
     const std::scoped_lock lock(mutex);
-    // Once in a while, when many have gone, forget them.
+    // Removes expired entries now and then.
     constexpr std::size_t many = 1024;
     if (images.size() > many) std::erase_if(images, [](const auto& entry) { return entry.second.expired(); });
     images[key] = image;

@@ -7,17 +7,17 @@
 
 namespace prismo::settings {
 
-/// The framework's images for QML, under "image://device/". An image has one address for the same content, so
-/// that a row which is built anew does not flicker. With "/icon" after it, with the round corners of an icon;
-/// with "/rrggbb", its shape in that colour.
+/// Provides the framework's images to QML under "image://device/". Images with the same content have the same
+/// address, so a rebuilt row does not flicker. The suffix "/icon" adds an icon's round corners; the suffix
+/// "/rrggbb" fills the image's shape with that color.
 class Images : public QQuickImageProvider {
   public:
     Images();
 
-    /// "" for no image and for one that shows nothing. It is found there as long as somebody keeps it.
+    /// "" if there is no image or it has no data. The address is valid as long as the image exists.
     static QString address(const std::shared_ptr<UIImage>& image);
 
-    /// Called on a thread of the engine. Empty for what is no picture, or an unreasonably large one.
+    /// Runs on an engine thread. Returns a null image for bad or unreasonably large data.
     QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
 };
 

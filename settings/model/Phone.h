@@ -19,37 +19,37 @@ namespace prismo::settings {
 
 class Banner;
 
-/// The phone's screen for QML: the stack of pages with its navigation bar, and what comes over them.
+/// The phone's screen for QML: the page stack, its navigation bar, and everything above them.
 class Phone : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The program has one")
+    QML_UNCREATABLE("The program creates the phone")
     Q_PROPERTY(prismo::settings::Stage* pages READ pages CONSTANT)
     Q_PROPERTY(prismo::settings::Stage* overlays READ overlays CONSTANT)
     Q_PROPERTY(QVariantList banners READ banners NOTIFY bannersChanged)
-    /// The window, and with it what stands in it, is in front of the status bar.
+    /// True while the window, and so its banners, is above the status bar.
     Q_PROPERTY(bool coversStatusBar READ coversStatusBar NOTIFY bannersChanged)
     Q_PROPERTY(prismo::settings::Notices* notices READ notices CONSTANT)
     Q_PROPERTY(prismo::settings::RecentColors* recentColors READ recentColors CONSTANT)
-    // Of the navigation bar; an invalid colour stands for the window's own.
+    // The navigation bar's colors. An invalid color means the window's default.
     Q_PROPERTY(QColor tint READ tint NOTIFY barChanged)
     Q_PROPERTY(QColor barTint READ barTint NOTIFY barChanged)
     Q_PROPERTY(QColor titleColor READ titleColor NOTIFY barChanged)
-    /// The directory that stands for the phone.
+    /// The device root.
     Q_PROPERTY(QString rootPath READ rootPath CONSTANT)
     Q_PROPERTY(QString rootName READ rootName CONSTANT)
 
   public:
     struct Start {
         QString rootPath;
-        /// Where the window keeps what is its own; "" for nowhere.
+        /// Where the window keeps its own state; "" for nowhere.
         QString stateFile;
     };
-    /// Works on the current device. Nothing is shown before `open`.
+    /// Uses the current device. Shows nothing until `open` is called.
     explicit Phone(Start start);
     ~Phone() override;
 
-    /// Puts the first page on the stack.
+    /// Pushes the first page.
     void open(const std::shared_ptr<UIViewController>& firstPage);
 
     Stage* pages() { return &pages_; }
@@ -65,9 +65,9 @@ class Phone : public QObject {
     QString rootName() const;
     UINavigationController& navigation() { return *navigation_; }
 
-    /// A person goes back one page.
+    /// The user goes back one page.
     Q_INVOKABLE void back();
-    /// The window has this size, in points.
+    /// Reports the window's size in points.
     Q_INVOKABLE void setSize(double width, double height);
 
   signals:

@@ -8,8 +8,8 @@
 
 namespace prismo::settings {
 
-/// Follows framework objects: however many changes there are in one go, it looks once, on the next turn of
-/// the event loop and so outside of whatever made them.
+/// Follows framework objects and coalesces their changes: however many arrive at once, `look` runs once, on
+/// the next turn of the event loop, and so outside the code that made the changes.
 class Refresh : public QObject {
   public:
     explicit Refresh(std::function<void()> look) : look_(std::move(look)) {}

@@ -55,7 +55,7 @@ void Stage::remove(QObject* object) {
     auto* const removed = found->object.release();
     entries_.erase(found);
     endRemoveRows();
-    // After the item that draws it, which is deleted later too and reads from it until then.
+    // The item that draws it reads from it until it is deleted, also later. This deletion comes after.
     removed->deleteLater();
 }
 

@@ -12,29 +12,30 @@ class NSObject;
 
 namespace prismo::settings {
 
-/// What is drawn over one another, back to front. What goes stays until its way out has been drawn; then QML
-/// removes it. Which delegate draws an object, its kind, is the name of its class.
+/// Objects stacked on the screen, back to front. An object that leaves stays in the model until its exit
+/// animation ends; then QML removes it. An object's "kind" role, which chooses its delegate, is its class
+/// name.
 class Stage : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The screen has them")
-    /// The topmost of those that stay, or null.
+    QML_UNCREATABLE("The phone creates stages")
+    /// The topmost object that is not leaving, or null.
     Q_PROPERTY(QObject* top READ top NOTIFY topChanged)
-    /// How many stay.
+    /// The number of objects that are not leaving.
     Q_PROPERTY(int depth READ depth NOTIFY topChanged)
 
   public:
-    /// Makes the QML object of a framework object; null for one that is not drawn.
+    /// Creates the QML object for a framework object; returns null for one that is not drawn.
     using Make = std::function<std::unique_ptr<QObject>(const std::shared_ptr<NSObject>&)>;
     explicit Stage(Make make);
     ~Stage() override;
 
-    /// These are there now, back to front.
+    /// Sets the current objects, back to front.
     void show(const std::vector<std::shared_ptr<NSObject>>& objects);
 
     QObject* top() const;
     int depth() const;
-    /// Called when a leaving object is out of sight.
+    /// QML calls this when a leaving object's exit animation has ended.
     Q_INVOKABLE void remove(QObject* object);
 
     int rowCount(const QModelIndex& parent = {}) const override;

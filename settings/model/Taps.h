@@ -6,9 +6,8 @@
 
 namespace prismo::settings {
 
-/// What a person does in the window, one after the other and never inside the handler of a QML signal: a page
-/// may run a nested loop when it is told, and the item that was tapped may be gone when that ends. A tap that
-/// comes meanwhile waits its turn.
+/// Queues the user's actions and runs them one at a time, never inside a QML signal handler: a page may run a
+/// nested loop, and the tapped item may be gone when it ends. A tap that arrives meanwhile waits its turn.
 class Taps : public QObject {
   public:
     /// `from` is for the trace: the function that the tap came from, in static storage.

@@ -8,11 +8,11 @@ namespace {
 
 constexpr const char* help =
     "Usage: prismo2-settings [--root DIR] [--style STYLE]\n"
-    "The Settings application: the pages of Prismo 2 in a window.\n"
+    "Shows the settings pages of Prismo 2 in a window.\n"
     "\n"
     "Options:\n"
-    "  --root DIR     the device root ($PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device)\n"
-    "  --style STYLE  light, dark or system (the default)\n"
+    "  --root DIR     the device root (default: $PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device)\n"
+    "  --style STYLE  light, dark or system (default: system)\n"
     "  -h, --help     print this help\n"
     "  --version      print the version\n";
 
@@ -20,7 +20,7 @@ std::string quoted(const std::string& text) { return "'" + text + "'"; }
 
 int descriptor(const std::string& text) {
     const auto number = numberFromText<int>(text);
-    if (!number || *number < 0) throw UsageError(quoted(text) + " is no descriptor");
+    if (!number || *number < 0) throw UsageError(quoted(text) + " is not a descriptor");
     return *number;
 }
 
@@ -28,7 +28,7 @@ void set(Options& options, const std::string& name, const std::string& value) {
     if (name == "--root" && value.empty()) throw UsageError("the device root is empty");
     if (name == "--root") options.root = value;
     if (name == "--style" && value != "light" && value != "dark" && value != "system")
-        throw UsageError(quoted(value) + " is none of light, dark and system");
+        throw UsageError(quoted(value) + " is not a style: use light, dark or system");
     if (name == "--style") options.style = value;
     if (name == "--requests") options.requests = descriptor(value);
 }
@@ -52,7 +52,7 @@ Options parseOptions(const std::vector<std::string>& arguments) {
         else if (*argument == "--version")
             options.answer = "prismo2-settings " PRISMO_VERSION "\n";
         else
-            throw UsageError((argument->starts_with('-') ? "there is no option " : "unexpected argument ") +
+            throw UsageError((argument->starts_with('-') ? "unknown option " : "unexpected argument ") +
                              quoted(*argument));
     }
     return options;

@@ -6,16 +6,15 @@
 
 namespace prismo::settings {
 
-/// The command line of the program, for the supervisor and for the window that it starts.
+/// The command line, shared by the supervisor and the window that it starts.
 struct Options {
-    /// "" for the default device root.
+    /// "" means the default device root.
     std::string root;
-    /// "light", "dark", or "system" for the desktop's.
+    /// "light", "dark", or "system" for the desktop's style.
     std::string style = "system";
-    /// The socket on which the window is asked to come to the front; -1 for none. Only the supervisor says
-    /// it.
+    /// The socket that carries requests to raise the window, or -1. Only the supervisor passes it.
     int requests = -1;
-    /// Print this and go, where it is not empty.
+    /// If not empty: print this and exit.
     std::string answer;
 };
 
@@ -23,7 +22,7 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Without the name of the program. Throws UsageError for what it does not understand.
+/// `arguments` does not include the program name. Throws UsageError for bad arguments.
 Options parseOptions(const std::vector<std::string>& arguments);
 
 } // namespace prismo::settings

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// In place of everything else, where there is no device to work on.
+// Shown instead of everything else if there is no device.
 SettingsWindow {
     id: window
 

@@ -4,7 +4,7 @@ import QtQuick
 import Qt.labs.qmlmodels
 import Prismo.Settings
 
-// The phone's screen: the pages, the status bar, what stands over both, and what waits for the person.
+// The phone's screen: pages, status bar, banners, notices and overlays.
 Item {
     id: view
 
@@ -21,7 +21,7 @@ Item {
     onWidthChanged: phone.setSize(width, height)
     onHeightChanged: phone.setSize(width, height)
 
-    // All that an overlay shuts off while it is there.
+    // Everything that an overlay blocks.
     FocusScope {
         id: ground
 
@@ -33,7 +33,7 @@ Item {
                 forceActiveFocus();
         }
 
-        // What had the focus has gone.
+        // The focused item is gone.
         Connections {
             target: ground.Window.window
             function onActiveFocusItemChanged() {
@@ -53,7 +53,7 @@ Item {
             width: parent.width
             rootName: view.phone.rootName
             rootPath: view.phone.rootPath
-            // What covers it can be seen through a little.
+            // The banner that covers it is slightly translucent.
             opacity: view.phone.coversStatusBar ? 0 : 1
 
             Behavior on opacity { NumberAnimation { duration: 300 } }

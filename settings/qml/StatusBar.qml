@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// The time, and which device is edited.
+// The time and the name of the device root.
 Item {
     id: bar
 

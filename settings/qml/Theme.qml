@@ -1,7 +1,7 @@
 pragma Singleton
 import QtQuick
 
-// Colours and measures of the window. Sizes are points.
+// The window's colors and sizes. Sizes are in points, durations in milliseconds.
 QtObject {
     property bool dark: false
 
@@ -23,19 +23,19 @@ QtObject {
     readonly property color sheet: dark ? "#1c1c1e" : "#f6f6f9"
     readonly property color field: dark ? "#2c2c2f" : "#ffffff"
     readonly property color dim: dark ? "#99000000" : "#66000000"
-    // Of an icon that there is no picture for.
+    // For an icon without an image.
     readonly property color placeholder: dark ? "#48484d" : "#8e8e96"
     readonly property color placeholderLabel: "#ffffff"
     readonly property color scrollThumb: dark ? "#99ffffff" : "#70000000"
     readonly property color segmentOutline: dark ? "#00000000" : "#18000000"
     readonly property color warning: dark ? "#ff9f0a" : "#b35c00"
-    // A line around what might have the colour of what it lies on.
+    // An outline for items that may have the same color as their background.
     readonly property color outline: dark ? "#33ffffff" : "#22000000"
 
     readonly property int statusBarHeight: 20
     readonly property int barHeight: 44
     readonly property int rowHeight: 44
-    // Above and below a row's title, together.
+    // The sum of the space above and below a row's title.
     readonly property int rowPadding: 22
     readonly property int gutter: 16
     readonly property int cornerRadius: 10
@@ -48,7 +48,7 @@ QtObject {
     readonly property int quick: 160
     readonly property int slow: 340
 
-    // How far from the edge of a page of that width the cards of its groups begin.
+    // The distance of a group's card from the edge of a page of that width.
     function cardInset(width: real): real {
         return Math.max(gutter, (width - contentWidth) / 2);
     }

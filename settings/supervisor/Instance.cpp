@@ -17,7 +17,7 @@ namespace prismo::settings {
 
 namespace {
 
-/// A directory of the person's alone, best one that is gone with the session.
+/// A directory that belongs to the user alone, preferably one that ends with the session.
 std::string personalDirectory() {
     if (const auto runtime = runtimeDirectory(); !runtime.empty()) return runtime + "/prismo2";
     if (const auto state = stateHome(); !state.empty()) return state + "/prismo2";
@@ -47,7 +47,7 @@ Instance::Instance(const struct stat& root, const std::string& token)
                          O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!lock_) fail(path_ + "/" + name_ + ".lock");
 
-    // The first may not listen yet, or may be about to end.
+    // The first instance may not listen yet, or may be about to exit.
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + std::chrono::seconds(2);
     while (!lock()) {
@@ -85,7 +85,7 @@ bool Instance::ask(const std::string& token) const {
     const UniqueFd socket(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const auto where = address(socketName());
     if (!socket) return false;
-    // A queue that is full holds requests enough.
+    // A full queue already holds requests to raise the window.
     return ::sendto(socket.get(), token.data(), token.size(), MSG_NOSIGNAL,
                     reinterpret_cast<const sockaddr*>(&where), sizeof where) >= 0 ||
            errno == EAGAIN;

@@ -7,28 +7,27 @@
 
 namespace prismo::settings {
 
-/// That a device root has one window: the first program that comes for it is asked, by those that come later,
-/// to put its window to the front.
+/// Ensures that each device root has one window: later instances ask the first one to raise its window.
 ///
-/// The first holds a lock, which ends with it however it ends, and a socket that later ones find by name. A
-/// socket that was left behind is replaced.
+/// The first instance holds a lock, which the kernel releases however the process ends, and a socket that
+/// later ones find by name. It replaces a stale socket.
 class Instance {
   public:
-    /// Finds out whether this is the first, and asks the first one if it is not. The root is known by its
-    /// device and inode, whatever its name. `token` is the desktop's permission to take the focus, if it gave
-    /// one. Throws std::system_error, naming the file, where there is no place for the lock or no answer.
+    /// Becomes the first instance, or asks the existing one to raise its window. The device and inode
+    /// identify the root, whatever its path. `token` is the desktop's permission to take the focus, or "".
+    /// Throws std::system_error with the file's name if there is no place for the lock or no answer.
     Instance(const struct stat& root, const std::string& token);
     ~Instance();
     Instance(const Instance&) = delete;
     Instance& operator=(const Instance&) = delete;
 
     bool isFirst() const { return static_cast<bool>(requests_); }
-    /// Of the first: the socket on which the tokens of the others arrive, one datagram each.
+    /// First instance only: the socket on which the others' tokens arrive, one datagram each.
     int requests() const { return requests_.get(); }
 
   private:
     bool lock();
-    /// How the socket is named to the kernel: its path may be longer than a socket's name can be.
+    /// A short name for the socket: its path may exceed the limit for socket addresses.
     std::string socketName() const;
     void listen();
     bool ask(const std::string& token) const;

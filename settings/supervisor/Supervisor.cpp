@@ -16,11 +16,11 @@ namespace prismo::settings {
 
 namespace {
 
-// A person does not restart the interface so often; a window that cannot come up does.
+// A user does not restart the interface this often. A window that crashes at startup dies this often.
 constexpr std::size_t mostDeaths = 4;
 constexpr std::chrono::seconds soon(5);
 
-// For a window that was asked to end and does not.
+// How long a window may take to end after a signal before it is killed.
 constexpr timespec patience{2, 0};
 
 bool isIgnored(int signal) {
@@ -32,7 +32,7 @@ sigset_t handledSignals() {
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGCHLD);
-    // What was to be ignored from the start, as by nohup, stays so.
+    // Signals that were ignored at startup, for example by nohup, stay ignored.
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         if (!isIgnored(signal)) sigaddset(&signals, signal);
     return signals;
@@ -43,7 +43,7 @@ sigset_t handledSignals() {
 Supervisor::Supervisor(Command command) : command_(std::move(command)) {}
 
 int Supervisor::run() {
-    // Where it was ignored, the end of the window would not be told.
+    // If SIGCHLD were ignored, the end of the window would go unnoticed.
     ::signal(SIGCHLD, SIG_DFL);
     const auto signals = handledSignals();
     sigprocmask(SIG_BLOCK, &signals, nullptr);
@@ -57,7 +57,7 @@ int Supervisor::run() {
             if (::waitpid(window_, &status, WNOHANG) != window_) continue;
             if (WIFEXITED(status)) return WEXITSTATUS(status);
             if (ending) return 128 + ending;
-            // Its own decision, about which it has said why: that there is no display, for instance.
+            // The window gave up and has printed the reason, for example that there is no display.
             if (WTERMSIG(status) == SIGABRT) return 1;
             if (keepsDying()) {
                 std::fprintf(stderr,
@@ -82,7 +82,7 @@ void Supervisor::start() {
 
 void Supervisor::becomeWindow(pid_t supervisor) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != supervisor) _exit(1); // it was too late for that
+    if (::getppid() != supervisor) _exit(1); // the supervisor died before prctl
     const auto signals = handledSignals();
     sigprocmask(SIG_UNBLOCK, &signals, nullptr);
     if (command_.inherited >= 0) ::fcntl(command_.inherited, F_SETFD, 0);

@@ -8,28 +8,28 @@
 
 namespace prismo::settings {
 
-/// Keeps the window's process running: when that is killed, as by restarting the user interface, it is
-/// started again, until it keeps dying. One that aborts is not. The process ends with this one, however this
-/// one ends.
+/// Keeps the window's process running. If the process is killed, for example to restart the user interface,
+/// the supervisor starts it again, unless it keeps dying. A process that aborts is not restarted. The
+/// window's process ends with the supervisor, however that ends.
 class Supervisor {
   public:
     struct Command {
-        /// The program; its file name is what the process is known by.
+        /// The program. Its file name becomes the process name.
         std::string path;
         std::vector<std::string> arguments;
-        /// A descriptor that the program is to have; -1 for none.
+        /// A descriptor that the program inherits, or -1.
         int inherited = -1;
     };
     explicit Supervisor(Command command);
 
-    /// Returns the exit status for the whole, once the process has ended by itself, was ended by a signal to
-    /// this one, or has died too often, which is said on the standard error.
+    /// Returns the exit status once the window has exited, a signal to the supervisor has ended it, or it
+    /// has died too often, which is reported on standard error.
     int run();
 
   private:
     void start();
     [[noreturn]] void becomeWindow(pid_t supervisor);
-    /// Has it died so often lately that it would again?
+    /// Records a death and reports whether there were too many lately.
     bool keepsDying();
 
     Command command_;

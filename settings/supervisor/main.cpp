@@ -20,7 +20,7 @@ std::string environment(const char* name) {
     return value ? value : "";
 }
 
-/// Nothing where there is no root, which the window says.
+/// Returns nullopt if there is no root; the window reports that.
 std::optional<struct stat> rootStatus(const Options& options) {
     const auto root = DeviceRootPath::choose(options.root);
     if (!root || !root.value().makeIfDefault()) return std::nullopt;
@@ -29,19 +29,19 @@ std::optional<struct stat> rootStatus(const Options& options) {
     return status;
 }
 
-/// Leaves nothing where it cannot be found out whether there is a window: that is no reason to show none.
+/// Leaves `instance` empty if the check for an existing window fails: the window should open anyway.
 void claim(std::optional<Instance>& instance, const struct stat& root) {
     const auto token = environment("XDG_ACTIVATION_TOKEN");
     try {
         instance.emplace(root, token.empty() ? environment("DESKTOP_STARTUP_ID") : token);
     } catch (const std::system_error& error) {
-        std::fprintf(stderr, "prismo2-settings: another window is not looked for: %s\n", error.what());
+        std::fprintf(stderr, "prismo2-settings: cannot check for an open window: %s\n", error.what());
     }
 }
 
 int run(const std::vector<std::string>& arguments) {
     const auto options = parseOptions(arguments);
-    if (options.requests >= 0) throw UsageError("--requests is for the window alone");
+    if (options.requests >= 0) throw UsageError("--requests is reserved for the window");
     if (!options.answer.empty())
         return std::fputs(options.answer.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
 

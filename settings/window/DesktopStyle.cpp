@@ -9,7 +9,7 @@ namespace prismo::settings {
 
 namespace {
 
-// As the settings interface of the desktop portal has them.
+// Names from the desktop portal's settings interface.
 constexpr const char* service = "org.freedesktop.portal.Desktop";
 constexpr const char* path = "/org/freedesktop/portal/desktop";
 constexpr const char* interface = "org.freedesktop.portal.Settings";
@@ -21,7 +21,7 @@ constexpr const char* colorScheme = "color-scheme";
 DesktopStyle::DesktopStyle() {
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
-    // Connected by its name, the slot wants its types known by name.
+    // A slot connected by name needs its argument types registered.
     qRegisterMetaType<QDBusVariant>();
     bus.connect(service, path, interface, "SettingChanged", this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
@@ -30,7 +30,7 @@ DesktopStyle::DesktopStyle() {
     const auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         const QDBusPendingReply<QDBusVariant> reply = *finished;
-        // The portal wraps what it answers twice.
+        // The portal wraps its answer in two variants.
         if (reply.isValid()) setScheme(reply.value().variant().value<QDBusVariant>().variant());
         finished->deleteLater();
     });

@@ -6,7 +6,7 @@
 
 namespace prismo::settings {
 
-/// Whether the desktop is to be light or dark, as its portal tells and keeps telling.
+/// The desktop's preference for light or dark, from its portal. Follows later changes.
 class DesktopStyle : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -14,16 +14,16 @@ class DesktopStyle : public QObject {
     Q_PROPERTY(prismo::settings::DesktopStyle::Scheme scheme READ scheme NOTIFY schemeChanged)
 
   public:
-    /// The numbers are the portal's; QML wants capital names.
+    /// The values are the portal's; QML requires capital names.
     enum class Scheme {
-        /// Also where there is no portal, and before it has answered.
+        /// Also if there is no portal, and before it has answered.
         NoPreference,
         Dark,
         Light,
     };
     Q_ENUM(Scheme)
 
-    /// Asks, and waits for nothing.
+    /// Asks the portal without waiting for the answer.
     DesktopStyle();
 
     Scheme scheme() const { return scheme_; }

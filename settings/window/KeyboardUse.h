@@ -5,13 +5,13 @@
 
 namespace prismo::settings {
 
-/// Whether the person works with the keyboard at the moment, and wants to see where the focus is.
+/// Whether the user currently works with the keyboard, so that the focus should be visible.
 class KeyboardUse : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isActive READ isActive NOTIFY isActiveChanged)
-    /// What is being pressed, a Qt::Key, or 0: by it one knows from which side Tab brings the focus.
+    /// The pressed key as a Qt::Key, or 0. It shows from which side Tab brings the focus.
     Q_PROPERTY(int key READ key)
 
   public:

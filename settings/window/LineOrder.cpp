@@ -10,9 +10,9 @@ namespace prismo::settings {
 
 void LineOrder::setParentOfLines(QQuickItem* parent) {
     parent_ = parent;
-    // A line has its position a little later.
+    // A new line gets its index only after it is added, so the refresh is deferred.
     connect(parent_, &QQuickItem::childrenChanged, &changes_, &Refresh::later);
-    // With these, the list lays its lines out anew and decides again which are in view.
+    // On a height change the list lays out its lines again and decides which are in view.
     connect(parent_, &QQuickItem::heightChanged, &changes_, &Refresh::later);
     connect(parent_->parentItem(), &QQuickItem::heightChanged, &changes_, &Refresh::later);
 }
@@ -22,7 +22,7 @@ void LineOrder::putInOrder() {
     lines.removeIf([](const QQuickItem* child) { return !child->property("index").isValid(); });
     std::ranges::stable_sort(lines, {},
                              [](const QQuickItem* line) { return line->property("index").toInt(); });
-    // From the last to the first only those move that came late.
+    // Going from the last to the first moves only lines that were added late.
     for (auto next = lines.size() - 1; next > 0; --next) {
         const auto children = parent_->childItems();
         if (children.indexOf(lines[next - 1]) + 1 != children.indexOf(lines[next]))

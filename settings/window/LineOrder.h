@@ -8,12 +8,12 @@
 
 namespace prismo::settings {
 
-/// Keeps the lines of a list as assistive technology needs them: in their order among its children, whenever
-/// they came to be, and none left out because it is out of view, as newer versions of Qt do.
+/// Keeps the lines of a list as assistive technology needs them: its children are in line order, whenever
+/// they were created, and lines out of view are included, which newer versions of Qt leave out.
 class LineOrder : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    /// What the lines are children of; each has its position as `index`.
+    /// The parent of the lines. Each line has an `index` property.
     Q_PROPERTY(QQuickItem* parentOfLines MEMBER parent_ WRITE setParentOfLines REQUIRED)
 
   public:

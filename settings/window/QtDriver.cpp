@@ -10,7 +10,7 @@ namespace prismo::settings {
 
 namespace {
 
-/// Rounded up, so that nothing is called before its time.
+/// Rounds up, so that nothing is called too early.
 std::chrono::milliseconds until(RunLoop::Time deadline, RunLoop::Time now) {
     constexpr std::chrono::milliseconds longest = std::chrono::hours(24);
     const auto left = std::max(deadline - now, RunLoop::Time::zero());
@@ -64,7 +64,7 @@ void QtDriver::deadlineChanged() {
 
 void QtDriver::callDue() {
     isWakingUp_ = false;
-    // Whoever waits calls what is due after the wait, which this event has ended.
+    // During a wait, the waiting loop calls what is due itself; this event has just ended its wait.
     if (loop_ && waits_ == 0) loop_->callDue();
 }
 
@@ -72,7 +72,7 @@ void QtDriver::watch(int fd, std::function<void()> readable) {
     unwatch(fd);
     auto notifier = std::make_unique<QSocketNotifier>(fd, QSocketNotifier::Read);
     connect(notifier.get(), &QSocketNotifier::activated, this, [readable = std::move(readable)] {
-        // A copy: the callback may end its own watch.
+        // A copy, since the callback may end its own watch.
         const auto kept = readable;
         kept();
     });
@@ -82,9 +82,9 @@ void QtDriver::watch(int fd, std::function<void()> readable) {
 void QtDriver::unwatch(int fd) {
     const auto watch = notifiers_.find(fd);
     if (watch == notifiers_.end()) return;
-    // What has arrived is not dispatched any more.
+    // Drops an event that has already arrived.
     watch->second->setEnabled(false);
-    // It may be the one that is calling.
+    // This may run inside the notifier's own signal.
     watch->second.release()->deleteLater();
     notifiers_.erase(watch);
 }

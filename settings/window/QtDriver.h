@@ -12,14 +12,14 @@ class QSocketNotifier;
 
 namespace prismo::settings {
 
-/// Lets a run loop live in Qt's event loop: what falls due is called from there, and a nested run of the loop
-/// goes on handling the window's events, so animations do not stop while a page waits.
+/// Runs the framework's run loop inside Qt's event loop. A nested run still handles the window's events, so
+/// animations continue while a page waits.
 class QtDriver : public QObject, public DescriptorDriver {
   public:
     QtDriver();
     ~QtDriver() override;
 
-    /// The loop that this driver was made for; it outlives the last event. Null ends it.
+    /// Sets the loop to drive, which must outlive all events; null stops driving.
     void drive(RunLoop* loop);
 
     RunLoop::Time now() override;

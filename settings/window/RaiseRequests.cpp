@@ -21,7 +21,7 @@ void RaiseRequests::raise() {
     std::array<char, 1024> token{};
     const auto size = ::recv(static_cast<int>(notifier_->socket()), token.data(), token.size(), MSG_DONTWAIT);
     if (size < 0) return;
-    // Where Qt looks for the desktop's permission to take the focus.
+    // Qt reads the desktop's permission to take the focus from here.
     if (size > 0) qputenv("XDG_ACTIVATION_TOKEN", QByteArray(token.data(), size));
     window_.setWindowStates(window_.windowStates() & ~Qt::WindowMinimized);
     window_.show();

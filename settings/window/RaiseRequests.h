@@ -8,10 +8,10 @@ class QWindow;
 
 namespace prismo::settings {
 
-/// Puts the window to the front when a later start of the program asks for it.
+/// Raises the window when a later instance of the program asks for it.
 class RaiseRequests : public QObject {
   public:
-    /// The socket is the supervisor's; -1 for none. What this program starts does not get it.
+    /// The supervisor owns the socket; -1 if there is none. Child processes do not inherit it.
     RaiseRequests(int socket, QWindow& window);
     ~RaiseRequests() override;
 

@@ -15,16 +15,16 @@ namespace prismo::settings {
 
 struct Options;
 
-/// The device, the phone's screen that works on it, and the window that shows it.
+/// The device, the phone's screen on it, and the window that shows the screen.
 class Session {
   public:
-    /// Opens the window. Where the device root cannot be used the window says why.
+    /// Opens the window. If the device root cannot be used, the window shows the reason.
     explicit Session(const Options& options);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Null where it could not be made.
+    /// Null if it could not be created.
     QWindow* window() const;
 
   private:

@@ -4,7 +4,7 @@
 
 namespace prismo::settings {
 
-/// Where the window keeps what is its own, an ini file. "" where the person has no place for it.
+/// The INI file for the window's own state, or "" if the user has no state directory.
 QString stateFile();
 
 } // namespace prismo::settings

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* placeKey = "window";
 constexpr QSize smallest(320, 420);
 
-/// The point inside of the range, or as near to it as can be; its begin where it is empty.
+/// The nearest position in the range; its beginning if the range is empty.
 int within(int at, int begin, int end) { return std::max(begin, std::min(at, end)); }
 
 } // namespace
@@ -26,7 +26,7 @@ std::optional<QRect> WindowPlace::kept(const QList<QRect>& screens) const {
     if (stateFile_.isEmpty() || screens.isEmpty()) return std::nullopt;
     const auto place = QSettings(stateFile_, QSettings::IniFormat).value(placeKey).toRect();
     if (place.width() < smallest.width() || place.height() < smallest.height()) return std::nullopt;
-    // Its screen may be gone, or smaller than it was.
+    // The screen may be gone, or smaller than before.
     const auto shown = [&](const QRect& screen) {
         const auto part = screen & place;
         return qint64(part.width()) * part.height();

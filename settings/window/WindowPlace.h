@@ -10,23 +10,22 @@ class QWindow;
 
 namespace prismo::settings {
 
-/// Where the window stands and how large it is, kept from one start to the next.
+/// Keeps the window's position and size from one start to the next.
 class WindowPlace : public QObject {
   public:
-    /// "" keeps nothing.
+    /// If `stateFile` is "", nothing is kept.
     explicit WindowPlace(QString stateFile);
 
-    /// Where the window is to stand, on these screens. Nothing where none is kept, or what is kept is
-    /// damaged.
+    /// The kept place, moved onto these screens if needed; nullopt if there is none or it is damaged.
     std::optional<QRect> kept(const QList<QRect>& screens) const;
-    /// Keeps the place of this window from now on.
+    /// Starts keeping the place of this window.
     void follow(QWindow& window);
 
   private:
     void keep(const QWindow& window) const;
 
     QString stateFile_;
-    /// A window that is dragged changes with every step.
+    /// Delays saving: a dragged window changes with every step.
     QTimer settled_;
 };
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Without one Qt would end the process with a core dump.
+/// Without a display Qt would abort with a core dump.
 bool hasDisplay() {
     constexpr std::array variables{"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"};
     return std::ranges::any_of(variables,
@@ -20,7 +20,7 @@ bool hasDisplay() {
 
 } // namespace
 
-// The window. The program that people start is the supervisor, which starts this one.
+// The window's process. Users start the supervisor, which starts this.
 int main(int argc, char** argv) {
     using namespace prismo::settings;
     Options options;
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     }
 
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    int noArguments = 1; // the rest are not Qt's
+    int noArguments = 1; // the others are not for Qt
     const QGuiApplication application(noArguments, argv);
     QGuiApplication::setApplicationName("prismo2-settings");
     QGuiApplication::setApplicationDisplayName("Settings");

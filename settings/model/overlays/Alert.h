@@ -10,14 +10,14 @@
 
 namespace prismo::settings {
 
-/// A question over everything else, for QML.
+/// An alert, for QML.
 class Alert : public prismo::settings::Overlay {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The application presents them")
+    QML_UNCREATABLE("The application presents alerts")
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString message READ message CONSTANT)
-    /// The first one cancels.
+    /// The first button cancels.
     Q_PROPERTY(QStringList buttons READ buttons CONSTANT)
 
   public:
@@ -27,7 +27,7 @@ class Alert : public prismo::settings::Overlay {
     QString message() const;
     QStringList buttons() const;
     Q_INVOKABLE void click(int button);
-    /// As the first button does.
+    /// Same as the first button.
     void dismiss() override { click(0); }
 
   private:

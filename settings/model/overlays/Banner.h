@@ -15,12 +15,12 @@ namespace prismo::settings {
 
 class Taps;
 
-/// A button that stands in the window itself, over all pages, for QML. Its opacity follows an animation as
-/// the state tells it, moment by moment.
+/// A button placed directly in the window, above all pages, for QML. Its opacity follows the view's running
+/// animation frame by frame.
 class Banner : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The screen has them")
+    QML_UNCREATABLE("The phone creates banners")
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QColor titleColor READ titleColor NOTIFY changed)
     Q_PROPERTY(QColor color READ color NOTIFY changed)

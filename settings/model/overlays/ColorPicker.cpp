@@ -11,7 +11,7 @@ namespace prismo::settings {
 
 ColorPicker::ColorPicker(std::shared_ptr<SWColorAlert> picker, RecentColors& recentColors, Taps& taps)
     : Overlay(picker, taps), picker_(std::move(picker)), recentColors_(recentColors),
-      // At once: what is dragged has to follow the pointer.
+      // Not deferred: a dragged control must follow the pointer.
       subscription_(picker_->observe([this] { emit changed(); })) {}
 
 QColor ColorPicker::startColor() const { return toQColor(picker_->startColor()); }

@@ -13,11 +13,11 @@ namespace prismo::settings {
 
 class RecentColors;
 
-/// The colour picker for QML. Components are from 0 to 1.
+/// The color picker for QML. Components range from 0 to 1.
 class ColorPicker : public prismo::settings::Overlay {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The application presents them")
+    QML_UNCREATABLE("The application presents color pickers")
     Q_PROPERTY(QColor startColor READ startColor CONSTANT)
     Q_PROPERTY(QColor color READ color NOTIFY changed)
     Q_PROPERTY(double hue READ hue NOTIFY changed)
@@ -43,9 +43,9 @@ class ColorPicker : public prismo::settings::Overlay {
 
     Q_INVOKABLE void setHSB(double hue, double saturation, double brightness);
     Q_INVOKABLE void setAlpha(double alpha);
-    /// False, and nothing changes, where it is no colour text.
+    /// Returns false and changes nothing if the text is not a color.
     Q_INVOKABLE bool setHexText(const QString& text);
-    /// Ends it with the colour, which is a recent one from now on.
+    /// Closes the picker with the color and adds it to the recent colors.
     Q_INVOKABLE void accept();
     void dismiss() override;
 

@@ -10,11 +10,11 @@
 
 namespace prismo::settings {
 
-/// The sheet on which a post is written, for QML.
+/// The sheet for writing a post, for QML.
 class Compose : public prismo::settings::Overlay {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The application presents them")
+    QML_UNCREATABLE("The application presents sheets")
     Q_PROPERTY(QString service READ service CONSTANT)
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
 

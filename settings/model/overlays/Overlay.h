@@ -13,21 +13,21 @@ namespace prismo::settings {
 
 class Taps;
 
-/// What the application presents over the pages and the person has to end.
+/// Something that the application presents over the pages and that the user must close.
 class Overlay : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The application presents them")
+    QML_UNCREATABLE("The application presents overlays")
 
   public:
-    /// Ends it without its purpose being served, as a person does who turns away.
+    /// Closes it without a result, as Cancel does.
     Q_INVOKABLE virtual void dismiss() = 0;
 
   protected:
     Overlay(std::shared_ptr<NSObject> source, Taps& taps);
 
-    /// Ends it in that way when its turn comes, unless it has ended by then: it can be seen, and tapped,
-    /// until its way out has been drawn. `from` is for the trace, as in `Taps::add`.
+    /// Queues `how`, which closes the overlay. It is skipped if the overlay is closed by then: the user can
+    /// still see and tap it until its exit animation ends. `from` is for the trace, as in `Taps::add`.
     void end(const char* from, std::function<void()> how);
 
   private:

@@ -6,20 +6,20 @@
 
 namespace prismo::settings {
 
-/// The colours that were picked last, as texts "#rrggbb", the newest first. They are the window's own and are
-/// kept in its state file.
+/// The most recently picked colors as "#rrggbb" texts, newest first. They belong to the window, not the
+/// device, and are kept in its state file.
 class RecentColors : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The screen has them")
+    QML_UNCREATABLE("The phone has one")
     Q_PROPERTY(QStringList texts READ texts NOTIFY changed)
     Q_PROPERTY(int most MEMBER most CONSTANT)
 
   public:
-    /// So many are kept.
+    /// The number of colors to keep.
     static constexpr int most = 8;
 
-    /// `stateFile` is read now and written at each addition; "" keeps them in memory only.
+    /// Reads `stateFile` now and writes it at each addition; "" keeps the colors in memory only.
     explicit RecentColors(QString stateFile);
 
     const QStringList& texts() const { return texts_; }

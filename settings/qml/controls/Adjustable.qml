@@ -1,11 +1,10 @@
 import QtQuick
 
-// What has a value from 0 to 1 that can be changed. Assistive technology reads it from the properties of these
-// names, and sets `value`.
+// An item with a value from 0 to 1. Assistive technology reads the properties with these names, and sets `value`.
 Item {
     id: adjustable
 
-    // What the value is now.
+    // The current value.
     required property real level
     property real value: level
     readonly property real minimumValue: 0

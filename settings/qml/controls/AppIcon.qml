@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// A picture in its square, or where there is none to be shown, the first letter of a name.
+// An app icon. Without an image, it shows the first letter of the name.
 Item {
     id: icon
 

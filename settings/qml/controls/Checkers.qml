@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
-// What lies under a colour that can be seen through.
+// The checkerboard under a translucent color.
 Item {
     id: checkers
 

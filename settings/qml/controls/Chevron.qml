@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// A disclosure mark, or turned round, the mark of a back button.
+// A disclosure indicator or, rotated, the arrow of a back button.
 Item {
     id: chevron
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Prismo.Settings
 
-// Hue from left to right, saturation from bottom to top, at the brightness that is set. The hue is its value.
+// Hue from left to right, saturation from bottom to top, at the current brightness. Its value is the hue.
 Adjustable {
     id: field
 
     required property ColorPicker picker
 
-    // The picker takes what is beyond its bounds for the bound.
+    // The picker clamps values out of range.
     function pick(hue: real, saturation: real) {
         field.picker.setHSB(hue, saturation, field.picker.brightness);
     }
@@ -17,7 +17,7 @@ Adjustable {
     onMoved: value => field.pick(value, field.picker.saturation)
 
     Accessible.name: qsTr("Hue and Saturation")
-    Accessible.description: qsTr("Hue %1°, saturation %2 %").arg(Math.round(picker.hue * 360)).arg(Math.round(picker.saturation * 100))
+    Accessible.description: qsTr("Hue %1°, saturation %2%").arg(Math.round(picker.hue * 360)).arg(Math.round(picker.saturation * 100))
 
     Keys.onPressed: event => {
         const step = (event.modifiers & Qt.ShiftModifier) ? 0.1 : 0.01;

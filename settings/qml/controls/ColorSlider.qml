@@ -1,20 +1,20 @@
 import QtQuick
 import Prismo.Settings
 
-// A value on a track of colours.
+// A slider on a color gradient.
 Adjustable {
     id: slider
 
     required property string name
     property color from: "#000000"
     property color to: "#ffffff"
-    // Transparency shows on a pattern.
+    // Draws a checkerboard under the gradient.
     property bool isTransparent: false
 
     implicitHeight: 32
 
     Accessible.name: name
-    Accessible.description: Math.round(level * 100) + " %"
+    Accessible.description: Math.round(level * 100) + "%"
 
     Keys.onPressed: event => {
         const step = (event.modifiers & Qt.ShiftModifier) ? 0.1 : 0.01;

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// Around what has the focus, for who works with the keyboard.
+// The ring around the focused item, shown while the keyboard is in use.
 Rectangle {
     required property Item target
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// Every text of the window, which is plain whatever it holds.
+// All text in the window. Always plain text, whatever it contains.
 Text {
     color: Theme.label
     font.family: Theme.fontFamily

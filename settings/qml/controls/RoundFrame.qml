@@ -1,7 +1,8 @@
 import QtQuick
 import Prismo.Settings
 
-// Rounds what lies under it, which cannot be clipped to a round shape, in the colour of what that lies on.
+// Rounds the corners of the item below by painting over them in the sheet's color: items cannot be clipped to a
+// round shape.
 Rectangle {
     id: frame
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Scrolls, where there is more than fits, and so that what has the focus is in sight.
+// Scrolls if the content does not fit, and keeps the focused item in view.
 Flickable {
     id: area
 

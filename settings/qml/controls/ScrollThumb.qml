@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// Where in a list one is, while it moves.
+// The position in a list, shown while it moves.
 Rectangle {
     id: thumb
 

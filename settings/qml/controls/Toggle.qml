@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// The look of a switch; the row around it is what is tapped.
+// The look of a switch. The row around it takes the taps.
 Rectangle {
     id: toggle
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// A question over everything else.
+// An alert, above everything else.
 OverlayView {
     id: view
 
@@ -77,7 +77,7 @@ OverlayView {
 
                     required property int index
                     required property string modelData
-                    // The cancel button is the first one and stands below the others.
+                    // The cancel button comes first, but is drawn below the others.
                     readonly property int place: view.isStacked ? (index === 0 ? view.alert.buttons.length - 1 : index - 1) : index
 
                     x: view.isStacked ? 0 : index * width

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// What could not be done, and why, until it is dismissed.
+// Failures and their reasons, each shown until it is dismissed.
 ScrollArea {
     id: list
 
@@ -19,7 +19,7 @@ ScrollArea {
 
         Repeater {
             model: list.notices
-            // The newest is in sight.
+            // Scroll to the newest.
             onItemAdded: {
                 column.forceLayout();
                 list.contentY = Math.max(0, list.contentHeight - list.height);

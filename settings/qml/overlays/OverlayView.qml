@@ -1,8 +1,8 @@
 import QtQuick
 import Prismo.Settings
 
-// What stands over the pages and waits for the person: all below lies in the shade and out of reach until its way
-// out has been drawn. Only the topmost of them can be used.
+// A modal overlay. It dims and blocks everything below until its exit animation ends. Only the topmost overlay can
+// be used.
 Item {
     id: view
 
@@ -10,7 +10,7 @@ Item {
     required property bool isLeaving
     required property Stage stage
     property int duration: Theme.slow
-    // 0 out of sight, 1 there.
+    // From 0, hidden, to 1, shown.
     property real presence: 0
     default property alias content: body.data
     signal dimTapped
@@ -55,7 +55,7 @@ Item {
             if (enabled)
                 forceActiveFocus();
         }
-        // A page that opens below asks for it, too.
+        // A page that opens below asks for the focus, too.
         onFocusChanged: {
             if (!focus && view.stage.top === view.object)
                 forceActiveFocus();

@@ -1,8 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// What comes over the page from below and waits for the person: a card with a bar of its own. On a wide window it
-// stands in the middle.
+// A modal card with its own bar that slides over the page from below. In a wide window it is centered.
 OverlayView {
     id: sheet
 

@@ -1,16 +1,16 @@
 import QtQuick
 import Prismo.Settings
 
-// What one page puts into the navigation bar: its title, the way back and its right button. It fades and moves
-// a little while the page slides.
+// One page's part of the navigation bar: its title, back button and right button. It fades and shifts while the
+// page slides.
 Item {
     id: content
 
     required property Page page
     required property Phone phone
-    // Of the page before, "" for the first page.
+    // The previous page's title; "" for the first page.
     required property string backTitle
-    // From -1, covered, by way of 0, on screen, to 1, off to the right.
+    // -1 covered, 0 on screen, 1 off to the right.
     required property real offset
     readonly property color tint: phone.tint.valid ? phone.tint : Theme.accent
 

@@ -3,17 +3,17 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// The initial letters of a long table; one that is touched brings its rows into view.
+// The initial letters of a long table. Touching one scrolls to its rows.
 Item {
     id: strip
 
-    // Of {label, row}, in the table's order.
+    // A list of {label, row}, in table order.
     required property var entries
     property color tint: Theme.accent
-    // What there is room for; where there is too little, letters are left out evenly.
+    // How many letters fit. If there are more, some are skipped at even intervals.
     readonly property int room: Math.max(1, Math.floor((height - 24) / 14))
     readonly property int count: Math.min(entries.length, room)
-    // Where the table is, and of the letters shown the one that it has come to.
+    // The table's current row, and the position of the shown letter for it.
     required property int row
     readonly property int current: {
         for (let position = strip.count - 1; position > 0; --position)

@@ -1,8 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// One page of the stack. It slides in over the one before, and out again to the right, drawn by a finger or on
-// its own.
+// One page of the stack. It slides in over the previous page, and out to the right, animated or dragged.
 FocusScope {
     id: body
 
@@ -11,7 +10,7 @@ FocusScope {
     required property bool isLeaving
     required property Phone phone
     required property real barHeight
-    // The page over this one, or null.
+    // The page above this one, or null.
     required property PageBody next
     // 0 on screen, 1 off to the right.
     property real offset: index > 0 ? 1 : 0
@@ -33,7 +32,7 @@ FocusScope {
     onIsLeavingChanged: {
         if (!isLeaving)
             return;
-        // A page that nobody sees just goes.
+        // A hidden page needs no animation.
         if (!visible)
             phone.pages.remove(object);
         else
@@ -68,7 +67,7 @@ FocusScope {
             anchors.fill: parent
             page: body.object
         }
-        // The page below lies in the shade of the one that slides over it.
+        // Darkens this page while another one covers it.
         Rectangle {
             anchors.fill: parent
             visible: body.cover > 0

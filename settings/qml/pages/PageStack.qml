@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// The pages, one over the other, and the navigation bar that they share.
+// The stacked pages and their shared navigation bar.
 FocusScope {
     id: stack
 

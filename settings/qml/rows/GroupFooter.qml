@@ -10,7 +10,7 @@ Item {
 
     width: ListView.view ? ListView.view.width : implicitWidth
     implicitWidth: 360
-    // Whole, as that of all rows is: otherwise what follows stands between two pixels.
+    // A whole number, as for all rows: otherwise the next row would start between two pixels.
     implicitHeight: Math.ceil(label.implicitHeight) + 10
 
     Accessible.role: Accessible.Paragraph

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// The title of a row, on more lines where it needs them.
+// The title of a row, wrapped if needed.
 Label {
     required property TableRow line
 

@@ -1,19 +1,19 @@
 import QtQuick
 import Prismo.Settings
 
-// What all rows of a page are: a part of their group's card that can be tapped, by whatever means.
+// The base of all rows: a tappable part of their group's card.
 Item {
     id: row
 
     required property int index
     required property string title
-    // In points; 0 for the usual one.
+    // In points; 0 means the default.
     required property real fontSize
     required property bool isEnabled
     required property bool isFirst
     required property bool isLast
     property bool isTappable: true
-    // What a screen reader says after the title.
+    // Read by a screen reader after the title.
     property string explanation
     property real separatorInset: Theme.gutter
     property real titleHeight: 0
@@ -21,10 +21,10 @@ Item {
     readonly property color labelColor: isEnabled ? Theme.label : Theme.disabledLabel
     readonly property bool isPressed: area.pressed && isTappable && isEnabled
     default property alias content: body.data
-    // Names its line: inside a DelegateChoice a handler's own `index` is the choice's in some versions of Qt.
+    // Passes its line: in some versions of Qt, `index` in a handler inside a DelegateChoice is the choice's index.
     signal activated(line: int)
 
-    // Also asked for by assistive technology, whatever lies over the page.
+    // Assistive technology can call this even if an overlay covers the page.
     function activate() {
         if (row.isTappable && row.enabled)
             row.activated(row.index);
@@ -36,7 +36,7 @@ Item {
     enabled: isEnabled
 
     Accessible.name: title
-    // There is no state for it here, so it is said.
+    // QML has no accessible state for this, so the description says it.
     Accessible.description: isEnabled ? explanation : explanation === "" ? qsTr("Dimmed") : qsTr("%1, dimmed").arg(explanation)
     Accessible.focusable: isEnabled
     Accessible.onPressAction: row.activate()
@@ -51,7 +51,7 @@ Item {
         width: row.width - 2 * x
         height: row.height
 
-        // The card's corners are those of its first and last row: the rounded shape reaches beyond the others.
+        // Only the first and last row show the card's rounded corners. In other rows the shape extends beyond the clip.
         Item {
             anchors.fill: parent
             clip: !(row.isFirst && row.isLast)
@@ -94,7 +94,7 @@ Item {
             target: row
             parent: card
             anchors.fill: card
-            // The rows beside would cover what reaches beyond.
+            // Neighboring rows would cover a ring that extends beyond this row.
             anchors.margins: 0
         }
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// A link with a height of its own: a large icon and a large title.
+// A taller link row with a large icon and title.
 TableRow {
     id: row
 

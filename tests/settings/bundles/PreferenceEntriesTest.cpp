@@ -29,14 +29,14 @@ struct PreferenceEntriesTest : testing::Test {
 
 constexpr const char* other = "<key>bundle</key><string>Other</string>";
 
-TEST_F(PreferenceEntriesTest, AreThoseOfTheRootByLabel) {
+TEST_F(PreferenceEntriesTest, EntriesOfTheRootAreSortedByLabel) {
     write("b.plist", "<key>bundle</key><string>B</string><key>label</key><string>Zebra</string>");
     write("a.plist", "<key>bundle</key><string>A</string><key>label</key><string>ant</string>");
     const std::vector<PreferenceEntry> expected{{"ant", "A", "", false}, {"Zebra", "B", "", false}};
     EXPECT_EQ(find(), expected);
 }
 
-TEST_F(PreferenceEntriesTest, EntryWithoutALabelHasTheBundlesName) {
+TEST_F(PreferenceEntriesTest, EntryWithoutALabelUsesTheBundleName) {
     write("a.plist", other);
     ASSERT_EQ(find().size(), 1U);
     EXPECT_EQ(find()[0].label, "Other");
@@ -48,7 +48,7 @@ TEST_F(PreferenceEntriesTest, IconIsInTheBundle) {
     EXPECT_EQ(find()[0].iconPath, "/Library/PreferenceBundles/Other.bundle/icon.png");
 }
 
-TEST_F(PreferenceEntriesTest, CodeOfTheRootIsNotLoadable) {
+TEST_F(PreferenceEntriesTest, CodeInTheRootIsNotLoadable) {
     write("a.plist", other);
     std::filesystem::create_directories(path + "/Library/PreferenceBundles/Other.bundle");
     std::ofstream(path + "/Library/PreferenceBundles/Other.bundle/Info.plist") << "<plist><dict/></plist>";
@@ -56,7 +56,7 @@ TEST_F(PreferenceEntriesTest, CodeOfTheRootIsNotLoadable) {
     EXPECT_FALSE(find()[0].isLoadable);
 }
 
-TEST_F(PreferenceEntriesTest, WhatIsNoEntryIsLeftOut) {
+TEST_F(PreferenceEntriesTest, InvalidEntriesAreSkipped) {
     write("a.plist", "");
     write("b.plist", "<key>bundle</key><string>../B</string>");
     write("c.txt", other);

@@ -10,7 +10,7 @@
 namespace prismo::settings {
 namespace {
 
-TEST(TapsTest, TapIsNeverPlayedWithinTheCallThatBringsIt) {
+TEST(TapsTest, TapNeverRunsInsideTheCallThatAddsIt) {
     Taps taps;
     bool isPlayed = false;
     taps.add("test", [&] { isPlayed = true; });
@@ -19,13 +19,13 @@ TEST(TapsTest, TapIsNeverPlayedWithinTheCallThatBringsIt) {
     EXPECT_TRUE(isPlayed);
 }
 
-TEST(TapsTest, TapThatComesWhileAnotherIsPlayedWaitsItsTurn) {
+TEST(TapsTest, TapAddedDuringAnotherWaitsItsTurn) {
     Taps taps;
     std::string played;
     taps.add("test", [&] {
         played += "a(";
         taps.add("test", [&] { played += "b"; });
-        QCoreApplication::processEvents(); // a page that waits
+        QCoreApplication::processEvents(); // like a page that waits
         played += ")";
     });
     QCoreApplication::processEvents();

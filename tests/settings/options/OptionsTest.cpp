@@ -14,14 +14,14 @@ std::string complaint(const std::vector<std::string>& arguments) {
     return "";
 }
 
-TEST(OptionsTest, NoneMeanTheDefaultRootInTheDesktopsStyle) {
+TEST(OptionsTest, DefaultsAreTheDefaultRootAndTheDesktopStyle) {
     EXPECT_EQ(parseOptions({}).root, "");
     EXPECT_EQ(parseOptions({}).style, "system");
     EXPECT_EQ(parseOptions({}).requests, -1);
     EXPECT_EQ(parseOptions({}).answer, "");
 }
 
-TEST(OptionsTest, AValueIsTakenFromTheSameWordOrTheNext) {
+TEST(OptionsTest, ValueFollowsInTheSameOrTheNextArgument) {
     EXPECT_EQ(parseOptions({"--root", "/a=b"}).root, "/a=b");
     EXPECT_EQ(parseOptions({"--root=/a=b"}).root, "/a=b");
     EXPECT_EQ(parseOptions({"--root", "--help"}).root, "--help");
@@ -41,13 +41,13 @@ TEST(OptionsTest, VersionNamesTheProgram) {
     EXPECT_TRUE(parseOptions({"--version"}).answer.starts_with("prismo2-settings 2."));
 }
 
-TEST(OptionsTest, WhatIsNotUnderstoodIsNamed) {
-    EXPECT_EQ(complaint({"--rot", "/a"}), "there is no option '--rot'");
+TEST(OptionsTest, ErrorNamesTheBadArgument) {
+    EXPECT_EQ(complaint({"--rot", "/a"}), "unknown option '--rot'");
     EXPECT_EQ(complaint({"/a"}), "unexpected argument '/a'");
-    EXPECT_EQ(complaint({"--style", "pink"}), "'pink' is none of light, dark and system");
+    EXPECT_EQ(complaint({"--style", "pink"}), "'pink' is not a style: use light, dark or system");
     EXPECT_EQ(complaint({"--root", ""}), "the device root is empty");
     EXPECT_EQ(complaint({"--root"}), "--root needs a value");
-    EXPECT_EQ(complaint({"--requests=7x"}), "'7x' is no descriptor");
+    EXPECT_EQ(complaint({"--requests=7x"}), "'7x' is not a descriptor");
 }
 
 } // namespace

@@ -18,7 +18,7 @@ struct QtDriverTest : testing::Test {
     RunLoop loop{driver};
 };
 
-/// A pipe of which one byte can be read at a time.
+/// A pipe that is written and read one byte at a time.
 struct Pipe {
     Pipe() { EXPECT_EQ(::pipe(ends), 0); }
     ~Pipe() {
@@ -33,7 +33,7 @@ struct Pipe {
     int ends[2]{};
 };
 
-TEST_F(QtDriverTest, TimerIsCalledFromTheEventLoopOfQt) {
+TEST_F(QtDriverTest, TimerFiresInTheQtEventLoop) {
     QEventLoop events;
     bool isCalled = false;
     loop.schedule(Seconds(0.002), [&] {
@@ -44,7 +44,7 @@ TEST_F(QtDriverTest, TimerIsCalledFromTheEventLoopOfQt) {
     EXPECT_TRUE(isCalled);
 }
 
-TEST_F(QtDriverTest, TimersAreCalledInTheOrderOfTheirDeadlines) {
+TEST_F(QtDriverTest, TimersFireInDeadlineOrder) {
     QEventLoop events;
     std::string order;
     loop.schedule(Seconds(0.004), [&] { order += "b"; });
@@ -54,7 +54,7 @@ TEST_F(QtDriverTest, TimersAreCalledInTheOrderOfTheirDeadlines) {
     EXPECT_EQ(order, "ab");
 }
 
-TEST_F(QtDriverTest, NestedRunTakesItsTimeAndHandlesEventsOfQt) {
+TEST_F(QtDriverTest, NestedRunLastsItsFullTimeAndHandlesQtEvents) {
     bool isHandled = false;
     QMetaObject::invokeMethod(
         &driver, [&] { isHandled = true; }, Qt::QueuedConnection);
@@ -64,7 +64,7 @@ TEST_F(QtDriverTest, NestedRunTakesItsTimeAndHandlesEventsOfQt) {
     EXPECT_GE(loop.now() - start, std::chrono::milliseconds(10));
 }
 
-TEST_F(QtDriverTest, RunWithinAnEventOfQtCallsWhatFallsDue) {
+TEST_F(QtDriverTest, RunInsideAQtEventFiresDueTimers) {
     QEventLoop events;
     bool isCalled = false;
     loop.schedule(Seconds(0.002), [&] { isCalled = true; });
@@ -81,7 +81,7 @@ TEST_F(QtDriverTest, RunWithinAnEventOfQtCallsWhatFallsDue) {
     EXPECT_TRUE(wasCalledInside);
 }
 
-TEST_F(QtDriverTest, BlockOfAnotherThreadIsCalledOnTheLoopsOwn) {
+TEST_F(QtDriverTest, BlockFromAnotherThreadRunsOnTheLoopThread) {
     QEventLoop events;
     std::thread::id calledOn;
     std::thread other([&] {
@@ -95,7 +95,7 @@ TEST_F(QtDriverTest, BlockOfAnotherThreadIsCalledOnTheLoopsOwn) {
     EXPECT_EQ(calledOn, std::this_thread::get_id());
 }
 
-TEST_F(QtDriverTest, DescriptorIsReadFromTheEventLoopOfQtAndFromANestedRun) {
+TEST_F(QtDriverTest, DescriptorIsReadInTheQtEventLoopAndInANestedRun) {
     Pipe pipe;
     int reads = 0;
     QEventLoop events;
@@ -112,7 +112,7 @@ TEST_F(QtDriverTest, DescriptorIsReadFromTheEventLoopOfQtAndFromANestedRun) {
     EXPECT_EQ(reads, 2);
 }
 
-TEST_F(QtDriverTest, DescriptorThatIsNoLongerWatchedCallsNobody) {
+TEST_F(QtDriverTest, UnwatchedDescriptorStopsCalling) {
     Pipe pipe;
     int calls = 0;
     driver.watch(pipe.ends[0], [&] {
@@ -124,11 +124,11 @@ TEST_F(QtDriverTest, DescriptorThatIsNoLongerWatchedCallsNobody) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(QtDriverTest, UnwatchedDescriptorIsNotDispatchedThoughItWasReady) {
+TEST_F(QtDriverTest, UnwatchedDescriptorIsNotDispatchedEvenIfItWasReady) {
     Pipe first;
     Pipe second;
     int calls = 0;
-    // Whichever is dispatched first ends the other.
+    // The first one dispatched unwatches the other.
     driver.watch(first.ends[0], [&] {
         ++calls;
         driver.unwatch(first.ends[0]);

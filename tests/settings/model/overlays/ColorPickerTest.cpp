@@ -23,7 +23,7 @@ TEST_F(ColorPickerTest, OpensWithTheStoredColor) {
     EXPECT_FALSE(picker().showsAlpha());
 }
 
-TEST_F(ColorPickerTest, StoresTheColorThatIsTyped) {
+TEST_F(ColorPickerTest, TypedColorIsStored) {
     EXPECT_TRUE(picker().setHexText("3366FF"));
     picker().accept();
     settlePage();
@@ -31,12 +31,12 @@ TEST_F(ColorPickerTest, StoresTheColorThatIsTyped) {
     EXPECT_EQ(role(row("Global Color"), "swatch").value<QColor>(), QColor("#3366ff"));
 }
 
-TEST_F(ColorPickerTest, TextThatIsNoColorChangesNothing) {
+TEST_F(ColorPickerTest, InvalidTextChangesNothing) {
     EXPECT_FALSE(picker().setHexText("#33"));
     EXPECT_EQ(picker().hexText(), "#808080");
 }
 
-TEST_F(ColorPickerTest, HueOfAGreyIsKept) {
+TEST_F(ColorPickerTest, HueOfAGrayIsKept) {
     picker().setHSB(0.5, 0, 0.5);
     EXPECT_EQ(picker().hue(), 0.5);
     picker().setHSB(picker().hue(), 1, 1);
@@ -51,18 +51,18 @@ TEST_F(ColorPickerTest, DismissingStoresNothing) {
     EXPECT_TRUE(phone.recentColors()->texts().isEmpty());
 }
 
-TEST_F(ColorPickerTest, AcceptedColorIsARecentOne) {
+TEST_F(ColorPickerTest, AcceptedColorBecomesRecent) {
     EXPECT_TRUE(picker().setHexText("3366FF"));
     picker().accept();
     settle();
     EXPECT_EQ(phone.recentColors()->texts(), QStringList{"#3366ff"});
 }
 
-TEST_F(ColorPickerTest, CancelledColorIsNotChosenAfterwards) {
-    auto& cancelled = picker();
-    EXPECT_TRUE(cancelled.setHexText("3366FF"));
-    cancelled.dismiss();
-    cancelled.accept();
+TEST_F(ColorPickerTest, CanceledPickerCannotBeAccepted) {
+    auto& canceled = picker();
+    EXPECT_TRUE(canceled.setHexText("3366FF"));
+    canceled.dismiss();
+    canceled.accept();
     settlePage();
     EXPECT_TRUE(phone.recentColors()->texts().isEmpty());
     EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#808080:1.000000");
@@ -77,7 +77,7 @@ TEST(RecentColorsTest, AreKeptInTheStateFileNewestFirst) {
     EXPECT_EQ(RecentColors(file).texts(), QStringList({"#111111", "#222222"}));
 }
 
-TEST(RecentColorsTest, AreReadInOneSpelling) {
+TEST(RecentColorsTest, AreNormalizedWhenRead) {
     const QTemporaryDir directory;
     const auto file = directory.filePath("settings.ini");
     const QStringList kept{"36f", "#3366FF", "no color", "#111111:0.5"};
@@ -85,7 +85,7 @@ TEST(RecentColorsTest, AreReadInOneSpelling) {
     EXPECT_EQ(RecentColors(file).texts(), QStringList({"#3366ff", "#111111"}));
 }
 
-TEST(RecentColorsTest, AreEightAtMost) {
+TEST(RecentColorsTest, AreAtMostEight) {
     RecentColors colors("");
     for (int i = 10; i < 30; ++i)
         colors.add(QString("#0000%1").arg(i));

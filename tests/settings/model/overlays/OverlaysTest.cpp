@@ -1,4 +1,4 @@
-// What comes over the pages: alerts, the compose sheet, the banner.
+// What appears over the pages: alerts, the compose sheet, the banner.
 
 #include "settings/model/overlays/Alert.h"
 #include "settings/model/overlays/Banner.h"
@@ -28,14 +28,14 @@ TEST_F(OverlaysTest, AlertHasItsTextsAndButtons) {
     EXPECT_EQ(overlay<Alert>().buttons(), QStringList({"No thanks!", "I'd love to!"}));
 }
 
-TEST_F(OverlaysTest, AlertEndsWithAButton) {
+TEST_F(OverlaysTest, ButtonClosesTheAlert) {
     FBShowTwitterFollowAlert("Title", "Message", "somebody");
     overlay<Alert>().click(0);
     settle();
     EXPECT_EQ(phone.overlays()->depth(), 0);
 }
 
-/// Counts, and may ask once more.
+/// Counts answers, and can show the alert once more.
 struct Answers : UIAlertViewDelegate {
     void alertViewClickedButtonAtIndex(UIAlertView& alert, std::size_t /*index*/) override {
         ++count;
@@ -45,7 +45,7 @@ struct Answers : UIAlertViewDelegate {
     bool asksAgain = false;
 };
 
-TEST_F(OverlaysTest, AlertIsAnsweredOnce) {
+TEST_F(OverlaysTest, AlertIsAnsweredOnlyOnce) {
     const auto answers = std::make_shared<Answers>();
     std::make_shared<UIAlertView>("Title", "Message", answers, "Cancel")->show();
     auto& shown = overlay<Alert>();
@@ -57,7 +57,7 @@ TEST_F(OverlaysTest, AlertIsAnsweredOnce) {
     EXPECT_EQ(answers->count, 1);
 }
 
-TEST_F(OverlaysTest, AlertThatIsShownAgainIsAnsweredAgain) {
+TEST_F(OverlaysTest, AlertShownAgainIsAnsweredAgain) {
     const auto answers = std::make_shared<Answers>();
     answers->asksAgain = true;
     std::make_shared<UIAlertView>("Title", "Message", answers, "Cancel")->show();
@@ -68,7 +68,7 @@ TEST_F(OverlaysTest, AlertThatIsShownAgainIsAnsweredAgain) {
     EXPECT_EQ(phone.overlays()->depth(), 0);
 }
 
-TEST_F(OverlaysTest, ComposeSheetSendsWhatWasWritten) {
+TEST_F(OverlaysTest, ComposeSheetSendsItsText) {
     device.setLinkSchemes({"https"});
     openModule();
     top().tapRightButton();
@@ -79,7 +79,7 @@ TEST_F(OverlaysTest, ComposeSheetSendsWhatWasWritten) {
     EXPECT_EQ(links()[0], "openURL https://twitter.com/intent/tweet?text=a%20b yes");
 }
 
-TEST_F(OverlaysTest, ComposeSheetSendsOnce) {
+TEST_F(OverlaysTest, ComposeSheetSendsOnlyOnce) {
     device.setLinkSchemes({"https"});
     openModule();
     top().tapRightButton();
@@ -101,15 +101,15 @@ struct BannerTest : PhoneWorld {
     Banner& banner() { return dynamic_cast<Banner&>(*phone.banners().first().value<QObject*>()); }
 };
 
-TEST_F(BannerTest, StandsOverTheStatusBar) {
+TEST_F(BannerTest, CoversTheStatusBar) {
     EXPECT_TRUE(phone.coversStatusBar());
     EXPECT_EQ(banner().title(), "Prismo 2 – Tap to Respring?");
     EXPECT_TRUE(banner().isBold());
     EXPECT_EQ(banner().titleColor(), QColor("#ffffff"));
 }
 
-TEST_F(BannerTest, FadesAsItsStateSays) {
-    // The page's own wait of 35 ms has gone by, of 300.
+TEST_F(BannerTest, FadesInWithTheAnimation) {
+    // The page's 35 ms wait has passed; the animation takes 300 ms.
     const auto start = banner().opacity();
     EXPECT_LT(start, 0.5);
     runFor(0.1);
@@ -118,7 +118,7 @@ TEST_F(BannerTest, FadesAsItsStateSays) {
     EXPECT_EQ(banner().opacity(), 1);
 }
 
-TEST_F(BannerTest, FollowsTheWindowsWidth) {
+TEST_F(BannerTest, FollowsTheWindowWidth) {
     phone.setSize(700, 400);
     settle();
     EXPECT_EQ(banner().frame(), QRectF(0, 0, 700, 20));
@@ -130,7 +130,7 @@ TEST_F(BannerTest, TapSendsItsAction) {
     EXPECT_EQ(effectsOfKind("spawn").size(), 1U);
 }
 
-TEST_F(BannerTest, GoesWhenItsTimeIsUp) {
+TEST_F(BannerTest, DisappearsWhenItsTimeIsUp) {
     runFor(7);
     settle();
     EXPECT_TRUE(phone.banners().isEmpty());
