@@ -1,4 +1,4 @@
-"""A display of its own for a test, and what can be done on it with a mouse and a keyboard."""
+"""A private display for a test, with mouse and keyboard input."""
 
 import os
 import re
@@ -7,7 +7,7 @@ import time
 
 from waiting import until
 
-# Longer than what moves pauses before it does: an animation starts a frame after what it shows.
+# Seconds. Longer than the pause before an animation starts.
 STILL = 0.25
 
 
@@ -36,26 +36,26 @@ class Display:
         return self.run("xdotool", *map(str, arguments))
 
     def windows(self):
-        """The numbers of the visible windows of the program, the one in front last."""
+        """The ids of the program's visible windows, the topmost one last."""
         ours = set(self.tool("search", "--onlyvisible", "--class", "prismo2-settings").split())
         tree = self.run("xwininfo", "-root", "-tree")
         inOrder = [str(int(number, 16)) for number in re.findall(r"^ +(0x[0-9a-f]+) ", tree, re.MULTILINE)]
         return [number for number in reversed(inOrder) if number in ours]
 
     def focus(self):
-        """Gives the keyboard to the window in front, as a window manager would."""
+        """Focuses the topmost window, as a window manager would."""
         self.tool("windowfocus", "--sync", self.windows()[-1])
 
     def process(self, window):
         return self.tool("getwindowpid", window).strip()
 
     def place(self, window):
-        """x, y, width and height."""
+        """Returns x, y, width and height."""
         told = self.tool("getwindowgeometry", "--shell", window)
         return tuple(int(value) for value in re.findall(r"^(?:X|Y|WIDTH|HEIGHT)=(-?\d+)$", told, re.MULTILINE))
 
     def save(self, path):
-        """A picture, once nothing moves."""
+        """Saves a screenshot once nothing moves."""
         last, since = None, 0
 
         def stands_still():
@@ -64,5 +64,5 @@ class Display:
             if picture != last:
                 last, since = picture, time.monotonic()
             return picture and time.monotonic() - since > STILL
-        until(stands_still, "the end of all movement")
+        until(stands_still, "a still screen")
         path.write_bytes(last)

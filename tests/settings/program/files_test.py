@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""files_test.py PRISMO2_SETTINGS: what a desktop is told about the program is valid and true."""
+"""files_test.py PRISMO2_SETTINGS: the program's desktop files are valid and correct."""
 
 import configparser
 import os
@@ -31,18 +31,18 @@ class Files(unittest.TestCase):
     def metainfo(self):
         return xml.etree.ElementTree.parse(PACKAGING / f"{NAME}.metainfo.xml").getroot()
 
-    def test_the_desktop_entry_is_valid(self):
+    def test_desktop_entry_is_valid(self):
         done = run("desktop-file-validate", PACKAGING / f"{NAME}.desktop")
         self.assertEqual((done.returncode, done.stdout + done.stderr), (0, ""))
 
-    def test_the_metainfo_is_valid(self):
+    def test_metainfo_is_valid(self):
         done = run("appstreamcli", "validate", "--no-net", "--pedantic", PACKAGING / f"{NAME}.metainfo.xml")
         findings = re.findall(r"^[EW]: \S+ (\S+)$", done.stdout, re.MULTILINE)
         if done.returncode != 0:
-            # Newer validators warn that the program has no home page, and older ones know no option that permits it.
+            # Newer validators warn about the missing home page; older ones have no option to allow it.
             self.assertEqual(findings, ["url-homepage-missing"], done.stdout + done.stderr)
 
-    def test_they_name_the_program_and_the_icon(self):
+    def test_files_name_the_program_and_the_icon(self):
         program = pathlib.Path(self.program).name
         self.assertEqual((self.entry()["Exec"], self.entry()["TryExec"]), (program, program))
         self.assertEqual(self.metainfo().findtext("provides/binary"), program)
@@ -51,11 +51,11 @@ class Files(unittest.TestCase):
         icon = xml.etree.ElementTree.parse(PACKAGING / f"{NAME}.svg").getroot()
         self.assertEqual(icon.tag, "{http://www.w3.org/2000/svg}svg")
 
-    def test_the_release_is_that_of_the_program(self):
+    def test_release_matches_the_program_version(self):
         version = run(self.program, "--version").stdout.split()[1]
         self.assertEqual(self.metainfo().find("releases/release").get("version"), version)
 
-    def test_the_man_page_renders_and_tells_the_options_of_the_program(self):
+    def test_man_page_renders_and_documents_all_options(self):
         page = run("groff", "-man", "-Tascii", "-P-cbou", "-ww", PACKAGING / "prismo2-settings.1")
         self.assertEqual((page.returncode, page.stderr), (0, ""))
         options = re.search(r"^OPTIONS\n(.*?)(?=^\S)", page.stdout, re.MULTILINE | re.DOTALL)[1]

@@ -1,4 +1,4 @@
-"""A PID namespace of its own for a test that ends processes by their name, so that the name reaches nothing else."""
+"""A private PID namespace for tests that kill processes by name, so that they cannot hit other processes."""
 
 import os
 import subprocess
@@ -9,7 +9,7 @@ SKIPPED = 77
 
 
 def enter():
-    """Starts this script again as the first process of a new namespace; skips the test where that is not permitted."""
+    """Restarts this script as the first process of a new namespace. Skips the test if that is not permitted."""
     if os.environ.get(MARK) and os.getpid() == 1:
         return
     unshare = ["unshare", "--pid", "--fork", "--mount-proc", "--kill-child"]
@@ -17,11 +17,11 @@ def enter():
         if subprocess.run([*command, "true"], capture_output=True, check=False).returncode == 0:
             os.environ[MARK] = "1"
             os.execvp(command[0], [*command, "/usr/bin/python3", *sys.argv])
-    print("skipped: a PID namespace of its own is not permitted here")
+    print("skipped: PID namespaces are not permitted here")
     sys.exit(SKIPPED)
 
 
 def kill_all(name):
     if os.getpid() != 1:
-        raise RuntimeError("not in a namespace of its own")
+        raise RuntimeError("not in a private namespace")
     subprocess.run(["/usr/bin/killall", "-9", name], check=True, timeout=10)

@@ -1,4 +1,4 @@
-"""A person at the Settings application: sees what the accessibility tree tells, and presses what it offers."""
+"""A simulated user of the Settings application, who sees and acts through the accessibility tree."""
 
 import contextlib
 import os
@@ -10,7 +10,7 @@ from waiting import until
 
 
 class SessionBus:
-    """A session bus of its own, with the accessibility bus that it starts: its socket would replace another's."""
+    """A private session bus and the accessibility bus that it starts, whose socket would otherwise replace another's."""
 
     def __init__(self):
         self.files = tempfile.TemporaryDirectory()
@@ -28,10 +28,10 @@ class SessionBus:
 
 
 class Person:
-    """What is on the screen is named by role and name, as a screen reader says them."""
+    """Finds elements by role and name, as a screen reader reads them."""
 
     def __init__(self, display):
-        # Only now: it connects to the bus of the environment.
+        # Imported here because the import connects to the bus in the environment.
         import gi
         warnings.simplefilter("ignore", DeprecationWarning)
         gi.require_version("Atspi", "2.0")
@@ -46,13 +46,13 @@ class Person:
     # Seeing
 
     def role(self, element):
-        """The role's name as on Debian 12. A newer AT-SPI calls a push button just a button."""
+        """The role's name as on Debian 12. Newer AT-SPI versions call a push button just a button."""
         name = element.get_role_name()
         return {"button": "push button"}.get(name, name)
 
     def everything(self, top=None):
-        """All that is there, as pairs of depth and object."""
-        # An application may go while it is looked at.
+        """Yields all elements as pairs of depth and element."""
+        # An application may exit during the walk.
         try:
             found = [(0, top or self.desktop)]
             while found:
@@ -62,7 +62,7 @@ class Person:
                     child = element.get_child_at_index(index)
                     if child:
                         if depth == 0:
-                            # What was seen is stale as soon as it is seen. An application's is for all in it.
+                            # Cached state would be stale at once. The mask of an application covers all its elements.
                             child.set_cache_mask(self.atspi.Cache.NONE)
                         found.append((depth + 1, child))
         except self.glib.Error:
@@ -72,7 +72,7 @@ class Person:
         return element.get_state_set().contains(self.atspi.StateType.SHOWING)
 
     def look(self, role, name):
-        """The last of that role and name that is shown: what comes over the page comes after it."""
+        """The last shown element with that role and name: overlays come after the page."""
         last = None
         for _, element in self.everything():
             try:
@@ -108,12 +108,12 @@ class Person:
     def press(self, role, name):
         element = self.sees(role, name)
         names = [element.get_action_name(index) for index in range(element.get_n_actions())]
-        # The program may be gone before it answers: that is what some buttons are for.
+        # Some buttons end the program before it can answer.
         with contextlib.suppress(self.glib.Error):
             element.do_action(next(names.index(name) for name in ("Press", "Toggle") if name in names))
 
     def type(self, name, text):
-        """Into a text field, in place of what stands there, with the keyboard."""
+        """Replaces the text of a field, with the keyboard."""
         field = self.sees("text", name)
         self.display.focus()
         self.press_focus(field)

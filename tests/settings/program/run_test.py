@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""run_test.py PRISMO2_SETTINGS: scripts/run serves the window where there is no display, and leaves nothing behind.
+"""run_test.py PRISMO2_SETTINGS: scripts/run serves the window if there is no display, and leaves nothing behind.
 
-In a PID namespace of its own, where every process but this one is the script's.
+Runs in a private PID namespace, where every other process belongs to the script.
 """
 
 import os
@@ -23,9 +23,9 @@ TREE = pathlib.Path(__file__).resolve().parents[3]
 
 
 def processes():
-    """The names of all processes but this one, by their ids."""
+    """Maps the id of every other process to its name."""
     while True:
-        # What lost its parent is this one's to bury.
+        # Orphans become children of this process, which must reap them.
         try:
             if os.waitpid(-1, os.WNOHANG)[0] == 0:
                 break
@@ -42,7 +42,7 @@ def processes():
 
 
 def end_all():
-    """What a failed test left must not fail the next one."""
+    """Cleans up after a failed test, so that it does not fail the next one."""
     for process in processes():
         try:
             os.kill(process, signal.SIGKILL)
@@ -52,7 +52,7 @@ def end_all():
 
 
 def listeners():
-    """The addresses on which these processes listen for connections over the network."""
+    """The network addresses on which these processes listen."""
     ours = set()
     for process in processes():
         for descriptor in pathlib.Path("/proc").glob(f"{process}/fd/*"):
@@ -95,10 +95,10 @@ class Run(unittest.TestCase):
         self.assertEqual(list((self.world / "files").iterdir()), [])
 
     def end(self, name, number):
-        # The first of that name: a server may have some more for its connections.
+        # The first one with that name: a server may have child processes for its connections.
         os.kill(min(process for process, its in processes().items() if its == name), number)
 
-    def test_the_page_is_there_and_only_for_this_machine(self):
+    def test_page_is_served_on_loopback_only(self):
         script, address = self.serve()
         with urllib.request.urlopen(address, timeout=10) as page:
             self.assertEqual(page.status, 200)
@@ -107,7 +107,7 @@ class Run(unittest.TestCase):
         self.assertEqual(script.wait(timeout=10), 128 + signal.SIGTERM)
         self.assert_nothing_is_left()
 
-    def test_the_screen_is_shown_to_nobody_without_the_password(self):
+    def test_screen_requires_the_password(self):
         script, _ = self.serve()
         command = pathlib.Path(f"/proc/{next(p for p, n in processes().items() if n == 'x11vnc')}/cmdline").read_text()
         port = int(re.search(r"-rfbport\0(\d+)", command)[1])
@@ -116,12 +116,12 @@ class Run(unittest.TestCase):
             count = screen.recv(1)[0]
             offered = set(screen.recv(count))
         self.assertTrue(offered)
-        self.assertNotIn(1, offered, "1 is to ask for nothing")
+        self.assertNotIn(1, offered, "1 means no authentication")
         script.terminate()
         script.wait(timeout=10)
         self.assert_nothing_is_left()
 
-    def test_nothing_is_left_however_it_is_ended(self):
+    def test_any_signal_leaves_nothing_behind(self):
         for number in signal.SIGINT, signal.SIGHUP:
             with self.subTest(number.name):
                 script, _ = self.serve()
@@ -129,15 +129,15 @@ class Run(unittest.TestCase):
                 self.assertEqual(script.wait(timeout=10), 128 + number)
                 self.assert_nothing_is_left()
 
-    def test_no_process_is_left_when_the_script_is_killed(self):
+    def test_killing_the_script_leaves_no_process(self):
         script, _ = self.serve()
         script.kill()
         script.wait()
         until(lambda: not processes(), lambda: f"the end of {processes()}")
 
-    def test_the_end_of_the_window_or_of_a_server_ends_all(self):
+    def test_end_of_the_window_or_a_server_ends_everything(self):
         ends = {"prismo2-setting": signal.SIGTERM, "Xvfb": signal.SIGTERM, "x11vnc": signal.SIGTERM,
-                "websockify": signal.SIGKILL}  # which does not always heed a request
+                "websockify": signal.SIGKILL}  # it sometimes ignores SIGTERM
         for name, number in ends.items():
             with self.subTest(name):
                 script, _ = self.serve()
@@ -145,7 +145,7 @@ class Run(unittest.TestCase):
                 script.wait(timeout=10)
                 self.assert_nothing_is_left()
 
-    def test_on_a_display_the_window_opens_there(self):
+    def test_window_opens_on_an_existing_display(self):
         display = Display()
         self.addCleanup(display.close)
         script = self.start(DISPLAY=display.name)

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""settings_test.py PRISMO2_SETTINGS PRISMO2 PICTURES: the whole, as a person uses it, seen through the accessibility tree.
+"""settings_test.py PRISMO2_SETTINGS PRISMO2 PICTURES: the whole program, used through the accessibility tree.
 
-After each step the settings file is read with plistlib, and what another process was told is what `prismo2 watch`
-prints. A picture of the screen after each step is left in PICTURES.
+After each step the test reads the settings file with plistlib and checks what `prismo2 watch` reports to another process.
+It saves a screenshot of each step in PICTURES.
 """
 
 import os
@@ -71,7 +71,7 @@ class Settings(unittest.TestCase):
     def command(self, *arguments):
         subprocess.run([self.prismo2, *arguments], env=self.environment, check=True, timeout=10)
 
-    # What another process is told
+    # What another process hears
 
     def listen(self):
         self.watcher = self.start(self.prismo2, "watch", CHANGED, READY, stdout=subprocess.PIPE)
@@ -84,14 +84,14 @@ class Settings(unittest.TestCase):
         until(hears, "a listener that hears")
 
     def tells(self, patience):
-        """Has it printed something by then?"""
+        """True if it prints something within `patience` seconds."""
         if not select.select([self.watcher.stdout], [], [], patience)[0]:
             return False
         self.lines += os.read(self.watcher.stdout.fileno(), 4096).decode().splitlines()
         return True
 
     def heard(self):
-        """One line for each change, and not a line more."""
+        """Exactly one line for the change."""
         until(lambda: self.tells(0.05) and CHANGED in self.lines, "what was told")
         self.assertEqual([line for line in self.lines if line != READY], [CHANGED])
         self.lines.clear()
@@ -102,7 +102,7 @@ class Settings(unittest.TestCase):
         return plistlib.loads(self.file.read_bytes()) if self.file.exists() else {}
 
     def assert_stored(self, **values):
-        """These values are in the file, their change was told, and a picture is left."""
+        """These values are in the file and their change was reported. Saves a screenshot."""
         until(lambda: values.items() <= self.stored().items(), lambda: f"{values} in {self.stored()}")
         self.heard()
         self.picture()
@@ -112,7 +112,7 @@ class Settings(unittest.TestCase):
         test = self.id().rsplit(".test_", 1)[1]
         self.display.save(self.pictures / f"{test}-{self.count}.png")
 
-    # What is done more than once
+    # Shared steps
 
     def choose_type(self, row, title):
         self.me.press("push button", row)
@@ -131,24 +131,24 @@ class Settings(unittest.TestCase):
 
     # Claims
 
-    def test_a_switch_that_is_pressed_is_stored_and_told(self):
+    def test_pressed_switch_is_stored_and_reported(self):
         self.me.press("check box", "Prismo Enabled")
         self.assert_stored(enabled=False)
         until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
 
-    def test_a_type_that_is_chosen_is_stored_told_and_shown_by_its_row(self):
+    def test_chosen_type_is_stored_reported_and_shown(self):
         self.choose_type("Keyboard Enabled", "Custom")
         self.assert_stored(keyboard_color_type=2)
         self.go_back()
         until(lambda: self.me.sees("push button", "Keyboard Enabled").get_description() == "Custom", "the type")
         self.picture()
 
-    def test_a_colour_is_picked_by_its_text(self):
+    def test_color_is_picked_by_hex_text(self):
         self.pick_color("Global Color", "3366ff")
         self.assert_stored(global_color="#3366ff:1.000000")
-        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#3366ff", "the colour")
+        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#3366ff", "the color")
 
-    def test_an_application_gets_a_colour_of_its_own(self):
+    def test_application_gets_its_own_color(self):
         self.me.press("radio button", "Application")
         self.me.sees("push button", "No App Selected")
         self.picture()
@@ -164,7 +164,7 @@ class Settings(unittest.TestCase):
         self.assert_stored(**{f"{APPLICATION}_keyboard_color": "#00aa88:1.000000"})
         self.assertNotIn("keyboard_color", self.stored())
 
-    def test_the_banner_restarts_the_user_interface_and_the_window_comes_back(self):
+    def test_banner_restarts_the_user_interface_and_the_window_comes_back(self):
         self.me.press("check box", "Prismo Enabled")
         self.assert_stored(enabled=False)
         self.me.sees("push button", BANNER)
@@ -178,13 +178,13 @@ class Settings(unittest.TestCase):
         self.picture()
         self.assertIsNone(self.settings.poll())
 
-    def test_a_change_made_by_the_command_shows_in_the_window(self):
+    def test_change_by_the_command_shows_in_the_window(self):
         self.command("set", "enabled", "off")
         until(lambda: "checked" not in self.me.states(self.me.sees("check box", "Prismo Enabled")), "the switch off")
         self.me.sees("push button", BANNER)
         self.picture()
 
-    def test_a_type_chosen_by_the_command_shows_in_the_open_chooser(self):
+    def test_type_set_by_the_command_shows_in_the_open_chooser(self):
         self.me.press("push button", "Keyboard Enabled")
         self.me.sees("radio button", "Custom")
         self.command("type", "keyboard", "custom")
@@ -192,13 +192,13 @@ class Settings(unittest.TestCase):
         self.assertNotIn("checked", self.me.states(self.me.sees("radio button", "Global")))
         self.picture()
 
-    def test_a_file_that_is_replaced_shows_once_that_is_told(self):
+    def test_replaced_file_shows_after_the_notification(self):
         self.command("set", "use_album_art", "on")
         replacement = self.file.with_suffix(".new")
         replacement.write_bytes(plistlib.dumps({"global_color": "#123456", "enabled": False}))
         replacement.rename(self.file)
         self.command("post", CHANGED)
-        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#123456", "the colour")
+        until(lambda: self.me.sees("push button", "Global Color").get_description() == "#123456", "the color")
         self.picture()
 
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""style_test.py PRISMO2_SETTINGS: the window is light or dark as the desktop's portal tells."""
+"""style_test.py PRISMO2_SETTINGS: the window follows the desktop portal's light or dark style."""
 
 import os
 import pathlib
@@ -24,7 +24,7 @@ SETTING = "org.freedesktop.appearance", "color-scheme"
 
 
 class Portal:
-    """The desktop's, with its one setting."""
+    """A desktop portal with a single setting."""
 
     def __init__(self, address, scheme):
         from gi.repository import Gio, GLib
@@ -85,7 +85,7 @@ class Style(unittest.TestCase):
         until(self.display.windows, "the window")
 
     def assert_background(self, color, portal=None):
-        """Of the page, below its rows."""
+        """Checks the page's background below its rows."""
         def seen():
             if portal:
                 portal.serve()
@@ -94,12 +94,12 @@ class Style(unittest.TestCase):
             return point.hex()
         until(lambda: seen() == color, lambda: f"{color}; it is {seen()}")
 
-    def test_it_is_dark_where_the_desktop_is(self):
+    def test_window_is_dark_on_a_dark_desktop(self):
         portal = self.portal(DARK)
         self.open()
         self.assert_background(BLACK, portal)
 
-    def test_it_follows_the_desktop(self):
+    def test_window_follows_style_changes(self):
         portal = self.portal(LIGHT)
         self.open()
         self.assert_background(PALE, portal)
@@ -108,12 +108,12 @@ class Style(unittest.TestCase):
         portal.change(NO_PREFERENCE)
         self.assert_background(PALE, portal)
 
-    def test_the_style_that_was_asked_for_stays(self):
+    def test_style_option_overrides_the_desktop(self):
         portal = self.portal(DARK)
         self.open("--style", "light")
         self.assert_background(PALE, portal)
 
-    def test_without_a_portal_it_is_as_the_palette(self):
+    def test_window_uses_the_palette_without_a_portal(self):
         self.open()
         self.assert_background(PALE)
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """supervisor_test.py SUPERVISOR: what prismo2-settings does around its window.
 
-The window is a script here, which stands where the supervisor looks for the window's program.
+A script takes the place of the window's program.
 """
 
 import os
@@ -16,7 +16,7 @@ import unittest
 import namespace
 from waiting import until
 
-# Tells in $WORLD/started each time it starts, and what it is asked on its socket.
+# Records each start in $WORLD/started, and each request on its socket in $WORLD/asked.
 WINDOW = """#!/usr/bin/python3
 import os, select, socket, sys
 with open(os.environ["WORLD"] + "/started", "a") as file:
@@ -66,7 +66,7 @@ class Supervisor(unittest.TestCase):
         return path.read_text().splitlines() if path.exists() else []
 
     def windows(self, count=1):
-        """The process ids of all windows that were started, once there are so many."""
+        """Waits for `count` windows and returns the process ids of all started ones."""
         until(lambda: len(self.lines("started")) >= count, lambda: f"{count} windows: {self.lines('started')}")
         return [int(line.split()[0]) for line in self.lines("started")]
 
@@ -81,17 +81,17 @@ class Supervisor(unittest.TestCase):
 
     # The window's process
 
-    def test_the_window_is_known_by_the_name_that_the_page_kills(self):
+    def test_window_has_the_process_name_that_the_page_kills(self):
         self.open()
         [window] = self.windows()
         self.assertEqual(pathlib.Path(f"/proc/{window}/comm").read_text(), "backboardd\n")
 
-    def test_the_window_is_told_the_options(self):
+    def test_window_gets_the_options(self):
         self.open("--style=dark")
         self.windows()
         self.assertRegex(self.lines("started")[0], rf"^\d+ --root {self.world}/root --style=dark --requests=\d+$")
 
-    def test_a_window_that_is_killed_by_its_name_comes_back(self):
+    def test_window_killed_by_name_comes_back(self):
         supervisor = self.open()
         [first] = self.windows()
         namespace.kill_all("backboardd")
@@ -100,43 +100,43 @@ class Supervisor(unittest.TestCase):
         self.assertFalse(self.is_gone(again))
         self.assertIsNone(supervisor.poll())
 
-    def test_a_window_that_is_closed_ends_both(self):
+    def test_closing_the_window_ends_both(self):
         self.be("#!/bin/sh\nexit 0\n")
         self.assert_ends(self.open(), 0)
 
-    def test_a_window_that_fails_ends_both_with_its_status(self):
+    def test_failing_window_ends_both_with_its_status(self):
         self.be("#!/bin/sh\necho no display >&2; exit 1\n")
         self.assert_ends(self.open(), 1, "no display\n")
 
-    def test_a_window_that_keeps_dying_is_given_up_with_the_reason(self):
+    def test_window_that_keeps_dying_is_given_up_with_a_reason(self):
         self.be('#!/bin/sh\necho "$$" >> "$WORLD/started"; kill -SEGV $$\n')
         self.assert_ends(self.open(), 1, "prismo2-settings: the window keeps dying: Segmentation fault, "
                                          "4 times within 5 seconds\n")
         self.assertEqual(len(self.windows()), 4)
 
-    def test_a_window_that_gives_up_is_not_started_again(self):
+    def test_aborted_window_is_not_restarted(self):
         self.be('#!/bin/sh\necho "$$" >> "$WORLD/started"; echo no display >&2; kill -ABRT $$\n')
         self.assert_ends(self.open(), 1, "no display\n")
         self.assertEqual(len(self.windows()), 1)
 
-    def test_the_end_of_a_window_is_seen_where_such_ends_were_ignored(self):
+    def test_end_of_the_window_is_noticed_despite_an_ignored_sigchld(self):
         self.be("#!/bin/sh\nexit 3\n")
         self.assert_ends(self.open(ignored=signal.SIGCHLD), 3)
 
-    def test_a_window_that_is_not_there_is_said_once(self):
+    def test_missing_window_program_is_reported_once(self):
         window = self.world / "libexec/prismo2/backboardd"
         window.unlink()
         self.assert_ends(self.open(), 1, f"prismo2-settings: {window}: No such file or directory\n")
 
     # The end
 
-    def test_a_supervisor_that_is_killed_takes_the_window_with_it(self):
+    def test_killed_supervisor_takes_the_window_with_it(self):
         supervisor = self.open()
         [window] = self.windows()
         supervisor.kill()
         until(lambda: self.is_gone(window), "the end of the window")
 
-    def test_a_signal_to_end_ends_both(self):
+    def test_termination_signal_ends_both(self):
         for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
             with self.subTest(number.name):
                 count = len(self.lines("started"))
@@ -146,7 +146,7 @@ class Supervisor(unittest.TestCase):
                 self.assertEqual(supervisor.wait(timeout=10), 128 + number)
                 self.assertTrue(self.is_gone(window))
 
-    def test_a_signal_that_is_to_be_ignored_ends_neither(self):
+    def test_ignored_signal_ends_neither(self):
         supervisor = self.open(ignored=signal.SIGHUP)
         [window] = self.windows()
         supervisor.send_signal(signal.SIGHUP)
@@ -156,7 +156,7 @@ class Supervisor(unittest.TestCase):
         supervisor.terminate()
         self.assertEqual(supervisor.wait(timeout=10), 128 + signal.SIGTERM)
 
-    def test_a_window_that_does_not_end_when_asked_is_killed(self):
+    def test_unresponsive_window_is_killed(self):
         self.be('#!/bin/sh\ntrap "" TERM; echo "$$" >> "$WORLD/started"; while :; do sleep 1; done\n')
         supervisor = self.open()
         [window] = self.windows()
@@ -166,7 +166,7 @@ class Supervisor(unittest.TestCase):
 
     # One window for each device root
 
-    def test_a_second_start_asks_the_first_window_to_come_to_the_front(self):
+    def test_second_start_asks_the_first_window_to_come_to_the_front(self):
         first = self.open()
         self.windows()
         self.assert_ends(self.open(XDG_ACTIVATION_TOKEN="a-token"), 0)
@@ -174,19 +174,19 @@ class Supervisor(unittest.TestCase):
         self.assertEqual(len(self.windows()), 1)
         self.assertIsNone(first.poll())
 
-    def test_a_root_is_the_same_by_any_name(self):
+    def test_root_is_the_same_by_any_path(self):
         (self.world / "link").symlink_to("root")
         self.open()
         self.windows()
         self.assert_ends(self.open(root="link"), 0)
 
-    def test_another_root_has_a_window_of_its_own(self):
+    def test_another_root_has_its_own_window(self):
         (self.world / "other").mkdir()
         self.open()
         self.open(root="other")
         self.assertEqual(len(self.windows(2)), 2)
 
-    def test_what_is_asked_while_the_window_restarts_is_not_lost(self):
+    def test_request_during_a_restart_is_not_lost(self):
         supervisor = self.open()
         [window] = self.windows()
         os.kill(window, signal.SIGSTOP)
@@ -195,7 +195,7 @@ class Supervisor(unittest.TestCase):
         until(lambda: self.lines("asked") == ["later"], lambda: f"the request: {self.lines('asked')}")
         self.assertIsNone(supervisor.poll())
 
-    def test_however_many_ask_a_window_that_does_not_answer_none_opens_another(self):
+    def test_many_requests_to_a_hung_window_open_no_other(self):
         self.open()
         [window] = self.windows()
         os.kill(window, signal.SIGSTOP)
@@ -203,13 +203,13 @@ class Supervisor(unittest.TestCase):
             self.assert_ends(self.open(), 0)
         self.assertEqual(len(self.windows()), 1)
 
-    def test_of_many_at_once_one_opens_a_window(self):
+    def test_only_one_of_many_simultaneous_starts_opens_a_window(self):
         started = [self.open() for _ in range(8)]
         until(lambda: sum(process.poll() is None for process in started) == 1, "the end of all but one")
         self.assertEqual([process.poll() for process in started if process.poll() is not None], [0] * 7)
         self.assertEqual(len(self.windows()), 1)
 
-    def test_what_a_killed_one_left_behind_is_no_hindrance(self):
+    def test_leftovers_of_a_killed_supervisor_are_harmless(self):
         first = self.open()
         [window] = self.windows()
         first.kill()
@@ -218,37 +218,37 @@ class Supervisor(unittest.TestCase):
         self.open()
         self.assertEqual(len(self.windows(2)), 2)
 
-    def test_a_runtime_directory_with_a_long_name_will_do(self):
+    def test_runtime_directory_may_have_a_long_path(self):
         runtime = self.world / ("r" * 120)
         runtime.mkdir()
         self.open(XDG_RUNTIME_DIR=str(runtime))
         self.windows()
         self.assert_ends(self.open(XDG_RUNTIME_DIR=str(runtime)), 0)
 
-    def test_without_a_runtime_directory_the_state_directory_will_do(self):
+    def test_state_directory_replaces_a_missing_runtime_directory(self):
         self.open(XDG_RUNTIME_DIR="")
         self.windows()
         self.assert_ends(self.open(XDG_RUNTIME_DIR=""), 0)
 
-    def test_where_another_window_cannot_be_looked_for_one_opens(self):
+    def test_window_opens_if_the_check_for_another_fails(self):
         (self.world / "file").touch()
         supervisor = self.open(XDG_RUNTIME_DIR=str(self.world / "file"))
         self.windows()
         supervisor.terminate()
-        self.assertRegex(supervisor.communicate()[1], r"^prismo2-settings: another window is not looked for: .*file.*\n$")
+        self.assertRegex(supervisor.communicate()[1], r"^prismo2-settings: cannot check for an open window: .*file.*\n$")
 
-    def test_a_root_that_is_missing_is_for_the_window_to_say(self):
+    def test_missing_root_is_left_to_the_window(self):
         self.open(root="no-such-directory")
         self.windows()
         self.assertNotIn("--requests", self.lines("started")[0])
 
-    # Words
+    # Arguments and output
 
     def ask(self, *arguments):
         return subprocess.run([self.program, *arguments], env=self.environment, capture_output=True, text=True,
                               timeout=10, check=False)
 
-    def test_a_wrong_word_is_one_line_and_status_2(self):
+    def test_bad_argument_is_one_line_and_status_2(self):
         for arguments in ["--bad"], ["word"], ["--root"], ["--root="], ["--style", "blue"], ["--requests=3"]:
             with self.subTest(arguments):
                 done = self.ask(*arguments)
@@ -260,7 +260,7 @@ class Supervisor(unittest.TestCase):
         self.assertRegex(self.ask("--version").stdout, r"^prismo2-settings \d+\.\d+\.\d+\n$")
         self.assertIn("--root DIR", self.ask("--help").stdout)
 
-    def test_help_that_cannot_be_printed_is_a_failure(self):
+    def test_unprintable_help_is_a_failure(self):
         with open("/dev/full", "w") as full:
             done = subprocess.run([self.program, "--help"], stdout=full, timeout=10, check=False)
         self.assertEqual(done.returncode, 1)

@@ -1,10 +1,10 @@
-"""Waiting for a condition, never for a time."""
+"""Waits for conditions instead of fixed times."""
 
 import time
 
 
 def until(condition, what, deadline=10):
-    """Polls until the condition gives something true, and returns that."""
+    """Polls until the condition returns a true value, and returns it."""
     end = time.monotonic() + deadline
     while True:
         value = condition()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""window_test.py PRISMO2_SETTINGS: the window among others on a desktop, over restarts."""
+"""window_test.py PRISMO2_SETTINGS: the window on a desktop: its place, restarts and stacking order."""
 
 import os
 import pathlib
@@ -49,11 +49,11 @@ class Window(unittest.TestCase):
         self.state.parent.mkdir(parents=True)
         self.state.write_text(text)
 
-    def test_it_opens_with_the_size_of_a_phone(self):
+    def test_window_opens_at_phone_size(self):
         self.open()
         self.assertEqual(self.display.place(self.window())[2:], (390, 780))
 
-    def test_it_opens_where_it_was_closed(self):
+    def test_window_reopens_where_it_was_closed(self):
         process = self.open()
         window = self.window()
         self.display.tool("windowmove", window, 100, 60)
@@ -63,7 +63,7 @@ class Window(unittest.TestCase):
         self.open()
         self.assert_place(self.window(), (100, 60, 500, 640))
 
-    def test_it_comes_back_where_it_was_killed(self):
+    def test_killed_window_comes_back_at_its_place(self):
         process = self.open()
         window = self.window()
         self.display.tool("windowmove", window, 200, 50)
@@ -74,17 +74,17 @@ class Window(unittest.TestCase):
         self.assert_place(window, (200, 50, 390, 780))
         self.assertIsNone(process.poll())
 
-    def test_a_place_off_the_screen_is_moved_onto_it(self):
+    def test_place_off_screen_is_moved_on_screen(self):
         self.keep("[General]\nwindow=@Rect(5000 -300 390 780)\n")
         self.open()
         self.assert_place(self.window(), (1024 - 390, 0, 390, 780))
 
-    def test_a_window_larger_than_the_screen_fits_it(self):
+    def test_window_larger_than_the_screen_is_shrunk(self):
         self.keep("[General]\nwindow=@Rect(0 0 4000 4000)\n")
         self.open()
         self.assert_place(self.window(), (0, 0, 1024, 900))
 
-    def test_a_damaged_place_is_ignored(self):
+    def test_damaged_place_is_ignored(self):
         for number, damage in enumerate(["window=@Rect(1 2)", "window=@Rect(0 0 -5 9)", "window=@Variant(\\0\\0\\0\\x7f)", "\0\0[[["]):
             with self.subTest(damage):
                 self.state.parent.mkdir(parents=True, exist_ok=True)
@@ -93,13 +93,13 @@ class Window(unittest.TestCase):
                 self.assertEqual(self.display.place(self.window())[2:], (390, 780))
                 self.close(process)
 
-    def test_a_state_directory_that_cannot_be_written_is_no_hindrance(self):
+    def test_window_opens_despite_an_unwritable_state_directory(self):
         (self.world / "state").touch()
         self.open()
         self.display.tool("windowmove", self.window(), 10, 20)
         self.assert_place(self.window(), (10, 20, 390, 780))
 
-    def test_a_second_start_puts_the_first_window_in_front(self):
+    def test_second_start_raises_the_first_window(self):
         self.open()
         first = self.window()
         self.open("other")
