@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// A button of a bar or sheet that is nothing but its text.
+// A text button for bars, sheets and alerts.
 Item {
     id: button
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Prismo.Settings
 
-// A button that stands in the window over all pages.
+// A banner button above all pages.
 Rectangle {
     id: view
 
     required property Banner modelData
 
-    // By whatever means: assistive technology reaches also what an overlay shuts off.
+    // Checks `enabled` because assistive technology can press a button below an overlay.
     function tap() {
         if (view.enabled)
             view.modelData.tap();

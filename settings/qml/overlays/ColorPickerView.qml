@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Prismo.Settings
 
-// The colour picker.
+// The color picker.
 Sheet {
     id: view
 
@@ -21,7 +21,7 @@ Sheet {
         font.weight: Font.Medium
     }
 
-    // Where there is little room, it is the field that gets smaller.
+    // The field shrinks if there is little room.
     ColorField {
         id: colors
 
@@ -62,7 +62,7 @@ Sheet {
             width: parent.width
             height: 44
 
-            // Old and new, side by side.
+            // The old and new colors, side by side.
             Item {
                 id: preview
 
@@ -70,7 +70,7 @@ Sheet {
                 height: 44
 
                 Accessible.role: Accessible.StaticText
-                Accessible.name: qsTr("Before %1, now %2").arg(view.picker.startHexText).arg(view.picker.hexText)
+                Accessible.name: qsTr("Was %1, now %2").arg(view.picker.startHexText).arg(view.picker.hexText)
 
                 Checkers {
                     anchors.fill: parent

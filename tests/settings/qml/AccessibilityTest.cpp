@@ -1,4 +1,4 @@
-// What a screen reader is told of every page: a line for each element, with its role, name and state.
+// What a screen reader gets from every page: for each element its role, name and state.
 
 #include "tests/settings/qml/WindowWorld.h"
 
@@ -64,13 +64,13 @@ struct AccessibilityTest : WindowWorld {
             lines.push_back(text(element));
         return lines;
     }
-    /// Presses what draws a line, as assistive technology does.
+    /// Presses an item as assistive technology does.
     static void pressAction(QQuickItem& item) {
         auto* const element = QAccessible::queryAccessibleInterface(&item);
         ASSERT_TRUE(element && element->actionInterface());
         element->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     }
-    /// The first visible element of that name within an item.
+    /// The first visible element with that name inside an item.
     static QQuickItem* element(const QQuickItem& parent, const QString& name) {
         for (auto* child : parent.childItems()) {
             auto* const accessible = QAccessible::queryAccessibleInterface(child);
@@ -79,7 +79,7 @@ struct AccessibilityTest : WindowWorld {
         }
         return nullptr;
     }
-    /// The titles of the page's lines in the order in which they are told.
+    /// The titles of the page's lines, in accessibility order.
     QStringList toldTitles() {
         QStringList titles;
         auto* const list = QAccessible::queryAccessibleInterface(tableIn(*window().contentItem()));
@@ -94,15 +94,15 @@ struct AccessibilityTest : WindowWorld {
             if (const auto title = role(i, "title").toString(); !title.isEmpty()) titles += title;
         return titles;
     }
-    /// The lines come to be told in their order.
+    /// Waits until the accessibility order is the line order.
     void expectTitlesInOrder() {
         EXPECT_TRUE(waitFor([&] { return toldTitles() == titles(); }))
             << toldTitles().join(" | ").toStdString() << "\ninstead of\n"
             << titles().join(" | ").toStdString();
     }
     void chooseScope(int scope) {
-        table().choose(row("Scope", "segment"), scope);
-        ASSERT_TRUE(waitFor([&] { return role(row("Scope", "segment"), "selected") == scope; }));
+        table().choose(row("Scope", RowKind::Segment), scope);
+        ASSERT_TRUE(waitFor([&] { return role(row("Scope", RowKind::Segment), "selected") == scope; }));
         settlePage();
     }
     void openApplicationPicker() {
@@ -111,7 +111,7 @@ struct AccessibilityTest : WindowWorld {
         tap("No App Selected");
         ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
     }
-    /// Every element that can be used has a name, and there are some.
+    /// Expects interactive elements, all with a name.
     void expectNamed() {
         int interactive = 0;
         for (const auto& element : elements()) {
@@ -121,7 +121,7 @@ struct AccessibilityTest : WindowWorld {
         }
         EXPECT_GT(interactive, 0);
     }
-    /// These lines come to be there, each once, among others.
+    /// Waits until each of these lines is there exactly once.
     void expect(const std::vector<std::string>& wanted) {
         std::vector<std::string> lines;
         const auto isOnce = [&](const std::string& line) { return std::ranges::count(lines, line) == 1; };
@@ -152,7 +152,7 @@ TEST_F(AccessibilityTest, RootPage) {
             "Button \"Clear Icon Color Cache\" focusable",
             "Paragraph \"All settings below are system-wide.\"",
             "CheckBox \"Album Art Color for NC|CC|HUD\" focusable unchecked"});
-    // What cannot be used tells its colour all the same.
+    // A disabled row still describes its color.
     EXPECT_GT(std::ranges::count(dump(), "Button \"<Using Global Color>\" (#de3027, dimmed)"), 0);
 }
 
@@ -183,7 +183,7 @@ TEST_F(AccessibilityTest, GlobalTypeChooser) {
             "RadioButton \"Icon Color\" focusable unchecked"});
 }
 
-TEST_F(AccessibilityTest, LinesAreToldInTheirOrderAfterTheyChanged) {
+TEST_F(AccessibilityTest, LinesStayInOrderAfterAChange) {
     openModuleByHand();
     expectTitlesInOrder();
     chooseScope(1);
@@ -192,7 +192,7 @@ TEST_F(AccessibilityTest, LinesAreToldInTheirOrderAfterTheyChanged) {
     expectTitlesInOrder();
 }
 
-TEST_F(AccessibilityTest, LinesOutOfViewAreToldWhateverTheSizeOfTheWindow) {
+TEST_F(AccessibilityTest, LinesOutOfViewAreIncludedAtAnyWindowSize) {
     openModuleByHand();
     expectTitlesInOrder();
     window().resize(390, 500);
@@ -230,7 +230,7 @@ TEST_F(AccessibilityTest, IndexOfALongTable) {
     EXPECT_EQ(element(*window().contentItem(), "Index")->property("letter").toString(), "M");
 }
 
-TEST_F(AccessibilityTest, PressedRowIsWhereOneGoesOn) {
+TEST_F(AccessibilityTest, PressedRowHasTheFocusAfterGoingBack) {
     openModuleByHand();
     pressAction(*line(row("Folder Enabled")));
     ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 3 && isStill(); }));
@@ -239,12 +239,12 @@ TEST_F(AccessibilityTest, PressedRowIsWhereOneGoesOn) {
     EXPECT_TRUE(line(row("Folder Enabled"))->hasActiveFocus());
 }
 
-TEST_F(AccessibilityTest, NothingBelowAnAlertIsPressed) {
+TEST_F(AccessibilityTest, NothingBelowAnAlertCanBePressed) {
     openModuleByHand();
     FBShowTwitterFollowAlert("Title", "Message", "somebody");
     ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
     pressAction(*line(row("Prismo Enabled")));
-    pressAction(*element(*line(row("Scope", "segment")), "Application"));
+    pressAction(*element(*line(row("Scope", RowKind::Segment)), "Application"));
     pressAction(*element(*window().contentItem(), "Back"));
     settlePage();
     EXPECT_FALSE(stored());
@@ -256,10 +256,10 @@ TEST_F(AccessibilityTest, ColorPicker) {
     openModuleByHand();
     click("Global Color");
     ASSERT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
-    expect({"Slider \"Hue and Saturation\" focusable (Hue 3°, saturation 82 %)",
-            "Slider \"Brightness\" focusable (87 %)", "EditableText \"Hex Color\" focusable",
+    expect({"Slider \"Hue and Saturation\" focusable (Hue 3°, saturation 82%)",
+            "Slider \"Brightness\" focusable (87%)", "EditableText \"Hex Color\" focusable",
             "Button \"Recent color #3366ff\" focusable", "Button \"Cancel\" focusable",
-            "Button \"Choose\" focusable", "StaticText \"Before #de3027, now #de3027\" focusable"});
+            "Button \"Choose\" focusable", "StaticText \"Was #de3027, now #de3027\" focusable"});
 }
 
 TEST_F(AccessibilityTest, ComposeSheet) {

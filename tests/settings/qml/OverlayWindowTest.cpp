@@ -1,4 +1,4 @@
-// What stands over the pages, as a person meets it: with the pointer, the keyboard or a screen reader.
+// Overlays, banners and notices, used with the pointer, the keyboard or a screen reader.
 
 #include "settings/model/overlays/ColorPicker.h"
 #include "tests/settings/qml/WindowWorld.h"
@@ -14,7 +14,7 @@ namespace {
 struct OverlayWindowTest : WindowWorld {
     OverlayWindowTest() { QAccessible::setActive(true); }
 
-    /// The element of that name, as a screen reader finds it; null where there is none.
+    /// The element with that name, as a screen reader finds it; null if there is none.
     QAccessibleInterface* element(const QString& name) {
         settle();
         return elementIn(*QAccessible::queryAccessibleInterface(&window()), name);
@@ -32,13 +32,13 @@ struct OverlayWindowTest : WindowWorld {
         const auto* const found = element(name);
         return found && found->object() == window().activeFocusItem();
     }
-    /// Is the focus on the page?
+    /// True if the focus is on the page.
     bool isInTable() {
         for (const auto* item = window().activeFocusItem(); item; item = item->parentItem())
             if (item->objectName() == "table") return true;
         return false;
     }
-    /// As a screen reader presses it.
+    /// Presses an element as a screen reader does.
     void pressElement(const QString& name) {
         auto* const found = element(name);
         ASSERT_TRUE(found) << name.toStdString();
@@ -49,7 +49,7 @@ struct OverlayWindowTest : WindowWorld {
         const auto* const found = element(name);
         return found ? QRect(window().mapFromGlobal(found->rect().topLeft()), found->rect().size()) : QRect();
     }
-    /// All that Tab reaches, by what a screen reader calls it.
+    /// The accessible names of all items that Tab reaches.
     std::set<QString> reachedByTab() {
         std::set<QString> names;
         constexpr int enough = 80;
@@ -79,7 +79,7 @@ struct OverlayWindowTest : WindowWorld {
     ColorPicker& openPicker() {
         click("Global Color");
         EXPECT_TRUE(waitFor([&] { return phone.overlays()->depth() == 1; }));
-        // Until it has come in all the way.
+        // Until its entry animation has ended.
         QTest::qWait(400);
         return dynamic_cast<ColorPicker&>(*phone.overlays()->top());
     }
@@ -128,17 +128,17 @@ TEST_F(OverlayWindowTest, OnlyTheTopmostCanBeUsed) {
     EXPECT_TRUE(waitFor([&] { return focuses("Hue and Saturation"); }));
 }
 
-TEST_F(OverlayWindowTest, PageThatOpensBelowAnAlertLeavesItTheFocus) {
+TEST_F(OverlayWindowTest, PageOpeningBelowAnAlertDoesNotTakeTheFocus) {
     std::make_shared<UIAlertView>("Title", "Message", nullptr, "Cancel it")->show();
     ASSERT_TRUE(waitFor([&] { return focuses("Cancel it"); }));
     table().tap(row("Prismo 2"));
     ASSERT_TRUE(waitFor([&] { return phone.pages()->depth() == 2 && isStill(); }));
     EXPECT_TRUE(focuses("Cancel it"));
     press(Qt::Key_Escape);
-    EXPECT_TRUE(waitFor([&] { return isAlone() && line(row("Scope", "segment"))->hasActiveFocus(); }));
+    EXPECT_TRUE(waitFor([&] { return isAlone() && line(row("Scope", RowKind::Segment))->hasActiveFocus(); }));
 }
 
-TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
+TEST_F(OverlayWindowTest, ExtraClicksOnPostOpenTheLinkOnceAndNothingBelow) {
     device.setLinkSchemes({"https"});
     openModuleByHand();
     top().tapRightButton();
@@ -160,7 +160,7 @@ TEST_F(OverlayWindowTest, DoubleClickOnPostOpensTheLinkOnceAndNothingBelow) {
     EXPECT_TRUE(waitFor([&] { return isAlone(); }));
 }
 
-TEST_F(OverlayWindowTest, FocusIsInTheOpenedPickerAndThenOnThePageAgain) {
+TEST_F(OverlayWindowTest, FocusMovesToThePickerAndBackToThePage) {
     openModuleByHand();
     openPicker();
     EXPECT_TRUE(focuses("Hue and Saturation"));
@@ -168,7 +168,7 @@ TEST_F(OverlayWindowTest, FocusIsInTheOpenedPickerAndThenOnThePageAgain) {
     EXPECT_TRUE(waitFor([&] { return isAlone() && isInTable(); }));
 }
 
-TEST_F(OverlayWindowTest, ReturnInTheHexFieldChoosesAColorAndNothingElse) {
+TEST_F(OverlayWindowTest, ReturnInTheHexFieldAcceptsOnlyAValidColor) {
     openModuleByHand();
     openPicker();
     ASSERT_TRUE(waitFor([&] {
@@ -186,7 +186,7 @@ TEST_F(OverlayWindowTest, ReturnInTheHexFieldChoosesAColorAndNothingElse) {
     EXPECT_EQ(valueForKey(stored().value(), "global_color").text(), "#12ab34:1.000000");
 }
 
-TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
+TEST_F(OverlayWindowTest, ScreenReaderCanSetTheSliderValues) {
     openModuleByHand();
     auto& picker = openPicker();
     auto* brightness = element("Brightness")->valueInterface();
@@ -196,7 +196,7 @@ TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
     EXPECT_GT(brightness->minimumStepSize().toDouble(), 0);
     brightness->setCurrentValue(0.25);
     EXPECT_EQ(picker.brightness(), 0.25);
-    EXPECT_EQ(element("Brightness")->text(QAccessible::Description), "25 %");
+    EXPECT_EQ(element("Brightness")->text(QAccessible::Description), "25%");
     brightness->setCurrentValue(7);
     EXPECT_EQ(picker.brightness(), 1);
     EXPECT_EQ(brightness->currentValue(), 1);
@@ -206,16 +206,16 @@ TEST_F(OverlayWindowTest, ValueThatAScreenReaderSetsIsTheColors) {
     EXPECT_EQ(picker.hue(), 0.75);
 }
 
-TEST_F(OverlayWindowTest, PickerSaysItsColorsAsTheyAreStored) {
+TEST_F(OverlayWindowTest, PickerDescribesItsColorsAsStored) {
     store({{"global_color", "#808080:1.000000"}});
     openModuleByHand();
     openPicker().setHSB(0, 0, 0.5470588);
-    EXPECT_TRUE(element("Before #808080, now #8b8b8b"));
+    EXPECT_TRUE(element("Was #808080, now #8b8b8b"));
 }
 
 struct SmallWindowTest : OverlayWindowTest, testing::WithParamInterface<QSize> {};
 
-TEST_P(SmallWindowTest, PickerIsAllThere) {
+TEST_P(SmallWindowTest, PickerFits) {
     for (const auto* color :
          {"#111111", "#222222", "#333333", "#444444", "#555555", "#666666", "#777777", "#888888"})
         phone.recentColors()->add(color);
@@ -227,11 +227,11 @@ TEST_P(SmallWindowTest, PickerIsAllThere) {
     QTest::qWait(400);
     const auto card = place("Color");
     for (const auto* name : {"Hue and Saturation", "Brightness", "Hex Color", "Recent color #111111",
-                             "Recent color #888888", "Before #de3027, now #de3027"})
+                             "Recent color #888888", "Was #de3027, now #de3027"})
         EXPECT_TRUE(card.contains(place(name))) << name;
     EXPECT_GT(place("Hue and Saturation").height(), 60);
     const auto* const caption = itemWithText(*window().contentItem(), "Hex");
-    EXPECT_LT(place("Before #de3027, now #de3027").right(), caption->mapToScene({}).x());
+    EXPECT_LT(place("Was #de3027, now #de3027").right(), caption->mapToScene({}).x());
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, SmallWindowTest, testing::Values(QSize(780, 420), QSize(320, 420)),
@@ -255,7 +255,7 @@ TEST_F(OverlayWindowTest, ButtonsOfALongAlertFollowTheFocus) {
     EXPECT_FALSE(all.contains(place("Cancel it")));
 }
 
-TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
+TEST_F(OverlayWindowTest, DismissingANoticeReturnsTheFocusToThePage) {
     openModuleByHand();
     phone.notices()->add("Headline", "Reason");
     auto* const dismiss = qobject_cast<QQuickItem*>(element("Dismiss")->object());
@@ -265,7 +265,7 @@ TEST_F(OverlayWindowTest, FocusOfADismissedNoticeGoesBackToThePage) {
     EXPECT_TRUE(waitFor([&] { return phone.notices()->rowCount() == 0 && isInTable(); }));
 }
 
-TEST_F(OverlayWindowTest, FocusOfABannerThatGoesGoesBackToThePage) {
+TEST_F(OverlayWindowTest, DisappearingBannerReturnsTheFocusToThePage) {
     openModuleByHand();
     showBanner();
     qobject_cast<QQuickItem*>(element(bannerTitle)->object())->forceActiveFocus(Qt::TabFocusReason);
@@ -274,7 +274,7 @@ TEST_F(OverlayWindowTest, FocusOfABannerThatGoesGoesBackToThePage) {
     EXPECT_TRUE(waitFor([&] { return phone.banners().isEmpty() && isInTable(); }));
 }
 
-TEST_F(OverlayWindowTest, ManyNoticesLeaveHalfOfThePageAndShowTheNewest) {
+TEST_F(OverlayWindowTest, ManyNoticesTakeHalfThePageAtMostAndShowTheNewest) {
     constexpr int count = 20;
     for (int i = 0; i < count; ++i)
         phone.notices()->add(QString("Headline %1").arg(i), "Reason");
