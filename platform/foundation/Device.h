@@ -182,8 +182,8 @@ class Device {
     void setProblemObserver(std::function<void(const Problem&)> observer) {
         problemObserver_ = std::move(observer);
     }
-    /// Records an effect of the frameworks themselves, such as a page that rebuilds its rows. `from` names the
-    /// function that caused it, for the trace.
+    /// Records an effect of the frameworks themselves, such as a page that rebuilds its rows. `from` names
+    /// the function that caused it, for the trace.
     void recordEffect(std::string kind, Dictionary details, std::string_view from);
 
   protected:

@@ -50,8 +50,8 @@ class Table : public QAbstractListModel {
     void lettersChanged();
 
   private:
-    /// Queues `act`. It runs only if the row at that position is then still the tapped one and enabled. `from`
-    /// names the caller, for the trace.
+    /// Queues `act`. It runs only if the row at that position is then still the tapped one and enabled.
+    /// `from` names the caller, for the trace.
     void act(const char* from, int row, std::function<void(NSIndexPath)> act);
     void look();
     void lookAtList();
