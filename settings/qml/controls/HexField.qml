@@ -1,13 +1,13 @@
 import QtQuick
 import Prismo.Settings
 
-// A colour as text. What is no colour text is marked and changes nothing.
+// A color as text. Text that is not a color is marked and changes nothing.
 Rectangle {
     id: field
 
     required property ColorPicker picker
     property bool isValid: true
-    // Return was pressed on a colour.
+    // Return was pressed on a valid color.
     signal entered
 
     implicitWidth: 128
@@ -36,7 +36,7 @@ Rectangle {
         activeFocusOnTab: true
         clip: true
 
-        // Not bound: what is being typed stays as it is typed.
+        // Not bound: the text stays as the user types it.
         Component.onCompleted: text = field.picker.hexText
         onTextEdited: field.isValid = field.picker.setHexText(text)
         onAccepted: {

@@ -1,7 +1,7 @@
 import QtQuick
 import Prismo.Settings
 
-// The sheet on which a post is written.
+// The sheet for writing a post.
 Sheet {
     id: view
 
@@ -38,7 +38,7 @@ Sheet {
             activeFocusOnTab: true
             Component.onCompleted: cursorPosition = length
             onTextChanged: view.compose.text = text
-            // Tab goes on to the buttons.
+            // Tab moves on to the buttons.
             KeyNavigation.priority: KeyNavigation.BeforeItem
 
             Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
