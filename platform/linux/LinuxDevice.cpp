@@ -108,8 +108,9 @@ Result<UniqueFd> LinuxDevice::openNotifyDirectory() {
     constexpr int flags = O_RDONLY | O_DIRECTORY;
     auto directory = root_.open(notifyDirectory, flags);
     if (!directory && directory.problem().kind == Kind::missing) {
-        if (auto made = root_.makeDirectories(notifyParent, 0755); !made) return made.problem();
-        if (auto made = root_.makeDirectories(notifyDirectory, notifyMode); !made) return made.problem();
+        auto made = root_.makeDirectories(notifyParent, 0755);
+        if (made) made = root_.makeDirectories(notifyDirectory, notifyMode);
+        if (!made) return Problem{made.problem().kind, root_.hostPath(notifyDirectory), made.problem().cause};
         directory = root_.open(notifyDirectory, flags);
     }
     if (directory) closeToOthers(directory.value().get());

@@ -52,6 +52,7 @@ bool MemoryDevice::failsToRead(const std::string& path) {
 }
 
 std::optional<Data> MemoryDevice::readFile(const std::string& path) {
+    if (failsToRead(path)) return std::nullopt;
     const auto found = files_.find(path);
     if (found == files_.end()) return original_ ? original_->readFile(path) : std::nullopt;
     const auto* bytes = std::get_if<Data>(&found->second);
