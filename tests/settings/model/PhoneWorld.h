@@ -23,7 +23,7 @@ struct PhoneWorld : World {
     std::shared_ptr<UIViewController> firstPage() {
         return BundleListController::initWithEntries(
             {{"Elsewhere", "Elsewhere", "", false}, {"Prismo 2", "Prismo2Prefs", "", true}}, "/the/root",
-            [](const std::string& /*bundle*/) -> const Class& { return prismo2PrefsPrincipalClass(); },
+            [](const std::string& /*bundle*/) { return &prismo2PrefsPrincipalClass(); },
             [this](const std::string& why) { phone.notices()->add("Cannot Be Opened", why.c_str()); });
     }
 
