@@ -67,34 +67,38 @@ std::uint64_t storedNumber(plist_t node) {
     return number;
 }
 
-/// The text after `tag` in the XML file that the library writes for the node.
-std::string writtenText(plist_t node, std::string_view tag) {
-    char* bytes = nullptr;
-    std::uint32_t size = 0;
-    ::plist_to_xml(node, &bytes, &size);
-    const Memory memory(bytes);
-    const std::string_view text(bytes, size);
-    const auto start = std::min(text.find(tag), text.size() - tag.size()) + tag.size();
-    return std::string(text.substr(start, text.find('<', start) - start));
+/// Is the integer negative, rather than too large for a signed one? Its highest bit is set.
+bool isNegative(plist_t node, [[maybe_unused]] std::uint64_t value) {
+#if PRISMO_PLIST_HAS_SIGNS
+    return ::plist_int_val_is_negative(node) != 0;
+#else
+    // This version has no function that says so, but the nodes that it makes of such values are negative.
+    const Node negative(::plist_new_uint(value));
+    return ::plist_compare_node_value(node, negative.get()) != 0;
+#endif
 }
 
 Value integer(plist_t node) {
     std::uint64_t value = 0;
     ::plist_get_uint_val(node, &value);
     const auto number = static_cast<std::int64_t>(value);
-    if (number >= 0) return number;
-    // It is negative, or too large for a signed integer. Only some versions of the library have a function
-    // that says which, but all of them write the sign.
-    return writtenText(node, "<integer>").starts_with('-') ? Value(number) : Value(value);
+    return number >= 0 || isNegative(node, value) ? Value(number) : Value(value);
 }
 
 /// The date in the XML file that the library writes for the node. A binary file would take a table of 32 KiB
 /// each time.
 Date writtenDate(plist_t node) {
+    char* bytes = nullptr;
+    std::uint32_t size = 0;
+    ::plist_to_xml(node, &bytes, &size);
+    const Memory memory(bytes);
+    const auto text = std::string_view(bytes, size);
+    constexpr std::string_view tag = "<date>";
+    const auto start = std::min(text.find(tag), text.size() - tag.size()) + tag.size();
     int year = 0;
     std::array<unsigned, 5> parts{};
-    std::sscanf(writtenText(node, "<date>").c_str(), "%d-%u-%uT%u:%u:%uZ", &year, parts.data(), &parts[1],
-                &parts[2], &parts[3], &parts[4]);
+    std::sscanf(bytes + start, "%d-%u-%uT%u:%u:%uZ", &year, parts.data(), &parts[1], &parts[2], &parts[3],
+                &parts[4]);
     using namespace std::chrono;
     constexpr sys_days reference = std::chrono::year(2001) / January / 1;
     const sys_days day = std::chrono::year(year) / month(parts[0]) / std::chrono::day(parts[1]);
