@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """base_layer_test.py PRISMO2: a base layer that cannot be read stops only the commands that read from it."""
 
-import pathlib
 import shutil
 import subprocess
 
@@ -33,15 +32,7 @@ class BaseLayer(World):
     def setUp(self):
         super().setUp()
         self.install(APP, "Example")  # without one, the list of applications needs the desktop's library
-        built = pathlib.Path(device.BINARY)
-        self.installation = self.home / "installation"
-        program = self.installation / built.parent.name / built.name
-        program.parent.mkdir(parents=True)
-        shutil.copy(built, program)
-        self.base = self.installation / "share/prismo2/base"
-        shutil.copytree(built.parent.parent / "share/prismo2/base", self.base)
-        self.addCleanup(setattr, device, "BINARY", device.BINARY)
-        device.BINARY = str(program)
+        self.base = self.install_program() / "share/prismo2/base"
 
     def breaks(self):
         """Each way to break the base layer: does it, and gives the cause."""

@@ -77,6 +77,19 @@ class World(unittest.TestCase):
         path.chmod(0o755)
         return path
 
+    def install_program(self):
+        """Runs a copy of the program from now on. Returns the directory of its installation, in the home directory."""
+        global BINARY
+        built = pathlib.Path(BINARY)
+        installation = self.home / "installation"
+        program = installation / built.parent.name / built.name
+        program.parent.mkdir(parents=True)
+        shutil.copy(built, program)
+        shutil.copytree(built.parent.parent / "share/prismo2/base", installation / "share/prismo2/base")
+        self.addCleanup(globals().update, BINARY=BINARY)
+        BINARY = str(program)
+        return installation
+
     # The device's content
 
     def install(self, identifier, name, store=False, icon=None):
