@@ -120,7 +120,8 @@ class Person:
         until(lambda: "focused" in self.states(field), f"the focus on '{name}'")
         self.display.tool("key", "ctrl+a")
         self.display.tool("type", text)
-        until(lambda: field.get_text(0, -1).endswith(text), f"'{text}' in '{name}'")
+        # By its interface: newer versions of the library have another get_text in every element.
+        until(lambda: self.atspi.Text.get_text(field, 0, -1).endswith(text), f"'{text}' in '{name}'")
 
     @staticmethod
     def press_focus(element):
