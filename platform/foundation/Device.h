@@ -205,7 +205,7 @@ class Device {
     virtual void send(const AccountRequest& request, std::function<void(int status)> completion) = 0;
 
     void report(const Problem& problem);
-    /// Reports the problem if there is one. Returns whether there is none.
+    /// Returns whether the operation succeeded. If it failed, reports its problem.
     bool succeeded(const Result<>& result);
 
   private:

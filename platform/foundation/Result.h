@@ -39,7 +39,7 @@ class ProblemError : public std::runtime_error {
     explicit ProblemError(const Problem& problem) : std::runtime_error(problem.text()) {}
 };
 
-/// The value. Throws ProblemError if there is none.
+/// Returns the value. Throws ProblemError if the operation failed.
 template <typename Type>
 Type valueOrThrow(Result<Type> result) {
     if (!result) throw ProblemError(result.problem());

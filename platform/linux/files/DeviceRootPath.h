@@ -9,8 +9,8 @@ namespace prismo {
 /// Which directory stands for the device.
 class DeviceRootPath {
   public:
-    /// `option` if it is not empty, else $PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device, where that
-    /// variable defaults to ~/.local/share. Fails if none of them is set.
+    /// `option` if it is not empty, else $PRISMO2_ROOT, else $XDG_DATA_HOME/prismo2/device. XDG_DATA_HOME
+    /// defaults to ~/.local/share. Fails if none of them is set.
     static Result<DeviceRootPath> choose(const std::string& option);
 
     const std::string& path() const { return path_; }
